@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The drawing surface: what has been drawn since the last clear, kept as a short list of marks in grid units
+// (1024 by 768 over the client area, origin at the top left, y downward). The window replays the list when it
+// must show itself; a test reads from it what the table shows.
+#pragma once
+
+#include "game/card_model.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct Colore {
+    Byte rosso = 0, verde = 0, blu = 0;
+    constexpr bool operator==(Colore const&) const = default;
+};
+
+namespace colori {
+inline constexpr Colore tavolo{0, 112, 0}, cornice{0, 192, 0}, fascia{0, 105, 0};
+inline constexpr Colore bianco{255, 255, 255}, blu{0, 0, 255}, nero{0, 0, 0};
+inline constexpr Colore giallo{255, 255, 0}, giallo_pallido{255, 255, 192};
+}  // namespace colori
+
+// Two corners, in any order when drawn; x1 <= x2 and y1 <= y2 once on the surface.
+struct Box {
+    Single x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    constexpr bool operator==(Box const&) const = default;
+    constexpr bool contains(Box const& b) const
+    {
+        return x1 <= b.x1 && y1 <= b.y1 && b.x2 <= x2 && b.y2 <= y2;
+    }
+};
+
+// A stored picture: 1 to 52 the faces carta(f), 53 and 54 the backs dorsov(0) and dorsov(1).
+using Figura = Numero<Byte, 0, 54>;
+inline constexpr int n_figure = 54;
+constexpr Figura dorsov(int mazzo) { return 53 + mazzo; }
+// Face and back of a card. The code must be a card; the back of 0 is the first deck's.
+constexpr Figura faccia(Carta codice) { return prima_copia(codice); }
+constexpr Figura dorso(Carta codice) { return dorsov(codice > 52 ? 1 : 0); }
+
+// Always bold. The name is asked of the system; the size is in points.
+struct Font {
+    std::string nome;
+    Single punti = 0;
+    bool operator==(Font const&) const = default;
+};
+
+struct Mark {
+    enum class Kind : Byte { fill, outline, line, picture, text };
+    Kind kind = Kind::fill;
+    Box box;            // a text's box runs from the print position over its width and height
+    Colore colore;      // not of a picture
+    Figura figura;      // of a picture
+    std::string testo;  // of a text, UTF-8, never empty
+    Font font;          // of a text
+};
+
+// Where a mark may leave its pixels. Letters overhang their cell.
+Box reach(Mark const& mark);
+
+class Surface {
+  public:
+    Surface();
+
+    // Wipes the surface to the background colour. Print position, font and text colour stay.
+    void clear();
+
+    void fill_box(Box box, Colore colore);
+    void outline_box(Box box, Colore colore);
+    // Level or upright; its thickness runs to the right and downward, at most one unit.
+    void line(Single x1, Single y1, Single x2, Single y2, Colore colore);
+    void paint_picture(Figura figura, Single x, Single y, Single larghezza, Single altezza);
+
+    void print_at(Single x, Single y);
+    void print_x(Single x) { print_x_ = x; }
+    void font_name(std::string_view nome) { font_.nome = nome; }
+    void font_size(Single punti) { font_.punti = punti; }
+    void text_colour(Colore colore) { colore_testo_ = colore; }
+
+    // Text at the print position, on a transparent background. print leaves the position behind the text,
+    // print_line at the left edge of the table, one text height down. An empty text draws nothing.
+    void print(std::string_view testo);
+    void print_line(std::string_view testo);
+
+    Single current_x() const { return print_x_; }
+    Single current_y() const { return print_y_; }
+    Font const& font() const { return font_; }
+
+    static constexpr Colore background = colori::tavolo;
+
+    // Bottom first. Marks that later ones hide wholly are gone.
+    std::vector<Mark> const& marks() const { return marks_; }
+
+  private:
+    void add(Mark mark);
+
+    std::vector<Mark> marks_;
+    Font font_;
+    Colore colore_testo_;
+    Single print_x_ = 0, print_y_ = 0;
+};
+
+extern Surface superficie;

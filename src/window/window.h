@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What the game asks of a window system. The program links the real window, the tests a silent one with a
+// virtual clock. Nothing here waits, but for the two message boxes.
+//
+// The other way round, a window calls form1.h, menus.h, pointer_input.h and player_names.h, each call wrapped
+// in evento(): the game goes on when the outermost handler has finished, never inside one.
+#pragma once
+
+#include "window/surface.h"
+
+#include <filesystem>
+#include <string_view>
+
+enum class Pointer : Byte { arrow = 0, up_arrow = 10, hourglass = 11 };
+enum class Menu : Byte;     // menus.h
+enum class Control : Byte;  // form1.h
+
+// The box of the surface, in grid units, has changed and is to be shown again soon.
+void repaint(Box const& box);
+
+// Size of a text in grid units. The height is the font's size, whatever the letters.
+Single text_width(std::string_view testo, Font const& font);
+Single text_height(Font const& font);
+
+// Timer1_Timer() comes once, after that many milliseconds from now. A new call replaces the old one.
+void start_timer(int millisecondi);
+
+void mouse_pointer(Pointer forma);
+
+// The state of a menu entry (menus.h) or of a control (form1.h) has changed and is to be shown.
+void show_menu_entry(Menu voce);
+void show_control(Control controllo);
+
+// Modal. Title: the program's name; no icon.
+void message_box(std::string_view testo);
+bool ask_yes_no(std::string_view testo);  // true for yes
+
+void beep();
+
+// Seconds since midnight, local time.
+Single time_of_day();
+
+// The program ends as soon as the running handler or step of the game has finished; the game never goes on.
+void end_program();
+
+// Asks for runner.resume(), soon and outside of any handler. Asking twice is asking once.
+void wake_game();
+
+// Every handler of a window event runs through here.
+inline int eventi_aperti = 0;
+template <class Handler>
+void evento(Handler&& handler)
+{
+    ++eventi_aperti;
+    handler();
+    if (--eventi_aperti == 0)
+        wake_game();
+}
