@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Pile, stock and the places of cards on the table. Cards come and go by the procedures here, which keep the
+// counts true and the picture of the place that a card leaves or reaches. At the end of every turn that does
+// not end the hand, pile and stock together hold 78 cards.
+#pragma once
+
+#include "game/card_model.h"
+#include "game/task.h"
+#include "window/surface.h"
+
+inline constexpr Single y_mano_umano = 645, y_mano_computer = 20, y_scelta_alta = 620;
+
+// Left edge of slot s of either hand, from 1: the cards stand edge to edge.
+Single x_mano(int slot);
+Single y_mano(int giocatore);
+
+Box posto_pozzo();
+Box posto_tallone();
+
+// A picture of a card's size with its corner at that place.
+void dipingi(Figura figura, Single x, Single y);
+
+// The face of the pile's top card, or table colour if the pile is empty.
+void mostra_pozzo();
+// The back of the next stock card. An empty stock keeps its old picture.
+void mostra_tallone();
+
+// One card more in slot n_carte(p), which is raised. Found: at least one card there, fewer than 14 in the
+// hand.
+void prendi_dal_pozzo(int p);
+void prendi_dal_tallone(int p);  // leaves the picture of the stock as it is
+
+// The card becomes the pile's top. The hand that gave it is the caller's matter.
+void metti_sul_pozzo(Carta carta);
+
+// The end of every discard: when pile and stock are 78 and 0 cards, a new stock is made of the pile.
+Task rimescola_se_finito();
