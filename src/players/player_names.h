@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The two names: their file, their place on the table and the page on which they are changed. The file
+// `Players` is Windows-1252 text, a name a line, read as a list of fields: a comma ends a field, blanks in
+// front are skipped, double quotes keep a field together. Nothing is reported: what can't be read leaves the
+// defaults, what can't be written leaves the file as it was.
+#pragma once
+
+#include "window/surface.h"
+
+#include <string>
+#include <string_view>
+
+// Sets nomi to Player1 and Player2 and reads the file over them.
+void Lettura_Players();
+
+// Writes nomi as a whole new file.
+void Registra_Players();
+
+// Prints both names, that of the player on turn in white. Leaves size 8 and the second name's colour.
+void Posiziona_Players();
+
+// Opens the names page. Disturbs i.
+void personalize_players_Click();
+
+// The text of field 1 or 2 has changed: the name is the text in capitals.
+void TxtPlayer_Change(int indice);
+
+// Takes the page from the table without writing anything; its place gets the table colour. False, and nothing
+// changed, if it was not open.
+bool togli_pagina_nomi();
+
+// Where a click closes the page, in grid units. The edges do not count.
+Box area_chiusura_nomi();
+
+// The file's code page. What Windows-1252 can't hold becomes "?", and so does every control character.
+std::string da_windows_1252(std::string_view byte);
+std::string a_windows_1252(std::string_view utf8);  // broken UTF-8 gives "?" for each byte
