@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "game/deal.h"
+
+#include "audio/sound_music.h"
+#include "game/match_loop.h"
+#include "game/piles.h"
+#include "game/shuffle.h"
+#include "game/table_state.h"
+#include "players/player_names.h"
+#include "window/menus.h"
+
+namespace {
+
+void disegno_arredo()
+{
+    auto const& t = tavolo;
+    Single const sinistra = t.centro_x - 200, destra = t.centro_x + 200;
+    superficie.outline_box({sinistra, t.centro_y - 130, destra, t.centro_y + 110}, colori::cornice);
+    superficie.fill_box({sinistra, t.centro_y - 134 - t.alt_carta, destra, t.centro_y - 134}, colori::fascia);
+    superficie.fill_box({sinistra, t.centro_y + 114, destra, t.centro_y + 114 + t.alt_carta}, colori::fascia);
+}
+
+// Thirteen cards of mazzo, from entry da, to player p. The counter is the shared one.
+Task dai_pacchetto(int p, int da)
+{
+    auto& t = tavolo;
+    Box const tallone = posto_tallone();
+    for (t.i = da; t.i <= da + 12; ++t.i) {
+        int const slot = t.i - da + 1;
+        t.pos_x = x_mano(slot);
+        t.pos_y = y_mano(p);
+        co_await ritardo(0.03F);
+        Carta const carta = t.mazzo(t.i);
+        dipingi(p == 1 ? faccia(carta) : dorso(carta), t.pos_x, t.pos_y);
+        dipingi(dorso(t.mazzo(t.i + 1)), tallone.x1, tallone.y1);  // the deck shows its real next card
+        suona();
+        t.mano(p, slot) = carta;
+        t.mappa(p).segna(carta);
+    }
+}
+
+}  // namespace
+
+void disegno_titolo()
+{
+    auto const& t = tavolo;
+    superficie.print_at(880, t.centro_y - 20);
+    superficie.font_name("Brush Script MT");
+    superficie.font_size(t.scala_y * 20);
+    superficie.text_colour(colori::bianco);
+    superficie.print_line("SollevinoDue");
+    superficie.font_name("Arial");
+    superficie.font_size(8);
+    superficie.print_x(880);
+    superficie.print_line("by Cartovendo");
+}
+
+Task daicarte()
+{
+    auto& t = tavolo;
+    t.azione = 15;
+    Posiziona_Players();
+    enable(Menu::play_rate, false);
+    disegno_arredo();
+    disegno_titolo();
+    Mescola();
+    Apri_suono("carta");
+    Box const tallone = posto_tallone();
+    dipingi(dorsov(0), tallone.x1, tallone.y1);
+
+    if (t.cartaro == 2) {
+        co_await dai_pacchetto(1, 1);
+        co_await ritardo(0.1F);
+        co_await dai_pacchetto(2, 14);
+        co_await ritardo(0.1F);
+    } else {
+        co_await dai_pacchetto(2, 1);
+        co_await dai_pacchetto(1, 14);
+    }
+
+    t.n_pozzo = 1;
+    t.pozzo(0) = t.mazzo(27);
+    t.cima_tallone = 28;
+    mostra_pozzo();
+    mostra_tallone();
+    co_await ritardo(0.01F);
+    enable(Menu::play_rate, true);
+    t.azione = 0;
+}

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "game/dealer_choice.h"
+
+#include "audio/sound_music.h"
+#include "game/deal.h"
+#include "game/match_loop.h"
+#include "game/piles.h"
+#include "game/shuffle.h"
+#include "game/table_state.h"
+#include "players/player_names.h"
+#include "window/menus.h"
+#include "window/window.h"
+
+namespace {
+
+void stampa_invito()
+{
+    superficie.font_size(9);
+    superficie.text_colour(colori::bianco);
+    superficie.print_at(5, 5);
+    superficie.print("Scelta cartaro - Clicca sul mazzo");
+}
+
+void pagina_di_apertura()
+{
+    auto& t = tavolo;
+    t.azione = 7;
+    Lettura_Players();
+    mouse_pointer(Pointer::arrow);
+    disegno_titolo();
+    Posiziona_Players();
+    enable(Menu::menu_NewGame, false);
+    enable(Menu::menu_continue, false);
+    enable(Menu::personalize_players, true);
+    stampa_invito();
+    t.pos_scelta = 1;
+    Apri_suono("carta");
+}
+
+// From the first cut on the names stay as they are. A names page that was left open goes away, and the prompt
+// that it had covered in part comes back.
+void chiudi_nomi()
+{
+    enable(Menu::personalize_players, false);
+    if (togli_pagina_nomi())
+        stampa_invito();
+}
+
+// Player turno cuts the card on offer.
+Task taglia()
+{
+    auto& t = tavolo;
+    Single const x = t.centro_x - t.larg_carta / 2;
+    dipingi(dorso(t.mazzo(t.pos_scelta)), x, t.centro_y - t.alt_carta / 2);
+    t.carta_scelta = 0;
+    while (t.carta_scelta == 0)
+        co_await eventi();
+    chiudi_nomi();
+    suona();
+    dipingi(faccia(t.carta_scelta), x, y_mano(t.turno));
+    t.valore_scelta(t.turno) = ValCarta(t.carta_scelta);
+}
+
+}  // namespace
+
+Task Scelta_Cartaro()
+{
+    auto& t = tavolo;
+    pagina_di_apertura();
+
+    for (;;) {
+        t.turno = 2;
+        co_await taglia();
+        t.turno = 1;
+        ++t.pos_scelta;
+        co_await taglia();
+        if (t.valore_scelta(1) != t.valore_scelta(2))
+            break;
+
+        t.cartaro = 0;
+        Apri_suono("Notify");
+        suona();
+        Apri_suono("carta");
+        message_box("Ripeti, prego");
+        // The human's card is the computer's next one: pos_scelta stays. Only the last card of the deck has
+        // none behind it.
+        if (t.pos_scelta == carte_mazzo) {
+            Mescola();
+            t.pos_scelta = 1;
+        }
+    }
+
+    t.cartaro = t.valore_scelta(2) > t.valore_scelta(1) ? 2 : 1;
+    t.azione = 0;
+    t.turno = t.cartaro;
+    Posiziona_Players();  // the dealer's name in white
+    t.turno = altro(t.cartaro);
+    superficie.fill_box({0, 0, 470, 35}, colori::tavolo);
+    co_await ritardo(0.2F);
+}
