@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "human/human_turn.h"
+
+#include "audio/sound_music.h"
+#include "game/match_loop.h"
+#include "game/piles.h"
+#include "game/table_state.h"
+#include "melds/meld_validation.h"
+#include "melds/table_melds.h"
+#include "players/player_names.h"
+#include "window/window.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int umano = 1;
+
+bool scelto(int slot) { return tavolo.mano(umano, slot) > scelta; }
+
+int slot_del_clic()
+{
+    auto const& t = tavolo;
+    return std::min(static_cast<int>(t.click_x / t.larg_carta) + 1, static_cast<int>(t.n_carte(umano)));
+}
+
+void disegno_mano()
+{
+    auto& t = tavolo;
+    superficie.fill_box({0, y_scelta_alta, 14 * t.larg_carta, t.alt_carta + y_mano_umano}, colori::tavolo);
+    Posiziona_Players();
+    for (int s = 1; s <= t.n_carte(umano); ++s) {
+        t.pos_x = x_mano(s);
+        t.pos_y = scelto(s) ? y_scelta_alta : y_mano_umano;
+        dipingi(faccia(senza_scelta(t.mano(umano, s))), t.pos_x, t.pos_y);
+    }
+}
+
+// Takes the card of the turn from the pile or the stock into the next free slot. Once a turn.
+bool pesca(bool dal_pozzo)
+{
+    auto& t = tavolo;
+    if (t.pescato)
+        return false;
+    suona();
+    if (dal_pozzo) {
+        prendi_dal_pozzo(umano);
+    } else {
+        prendi_dal_tallone(umano);
+        mostra_tallone();
+    }
+    t.pescato = true;
+    return true;
+}
+
+void scegli_carta()
+{
+    auto& carta = tavolo.mano(umano, slot_del_clic());
+    carta += carta > scelta ? -scelta : scelta;
+}
+
+// Lays the selected cards as a new meld, or attaches the one that is selected. Whatever comes of it, the
+// selection is gone. False if nothing was selected.
+bool cala()
+{
+    auto& t = tavolo;
+    Serie<Byte, max_mano> slot_scelti;
+    t.n_scelte = 0;
+    for (int s = 1; s <= t.n_carte(umano); ++s)
+        if (scelto(s)) {
+            ++t.n_scelte;
+            slot_scelti(t.n_scelte) = static_cast<Byte>(s);
+            t.mano(umano, s) -= scelta;
+        }
+    int const n = t.n_scelte;
+    if (n == 0)
+        return false;
+    bool const troppo_poche = n == 2 || (n == 1 && t.n_calate(umano) == 0);
+    if (troppo_poche || !posto_per_coda(umano, n))
+        return true;
+
+    for (int k = 1; k <= n; ++k)
+        t.calate(umano, t.n_calate(umano) + k) = t.mano(umano, slot_scelti(k));
+    chiudi_coda(umano, n);
+    controllo_calata(t.click_x);
+    if (!t.esito_attacco) {
+        togli_coda(umano, n);
+        raggruppo_carte();
+        t.n_scelte = 0;
+        return true;
+    }
+    ord_crescente_calata(umano);
+    for (int k = 1; k <= n; ++k)
+        t.mano(umano, slot_scelti(k)) = 0;
+    raggruppo_carte();
+    t.n_carte(umano) -= n;
+    calo_carte(umano);
+    suona();
+    return true;
+}
+
+// Brings all selected cards down. False if there was none.
+bool annulla_scelta()
+{
+    auto& t = tavolo;
+    bool qualcuna = false;
+    for (int s = 1; s <= t.n_carte(umano); ++s)
+        if (scelto(s)) {
+            t.mano(umano, s) -= scelta;
+            qualcuna = true;
+        }
+    return qualcuna;
+}
+
+void scarta()
+{
+    auto& t = tavolo;
+    int const slot = slot_del_clic();
+    metti_sul_pozzo(t.mano(umano, slot));
+    t.mano(umano, slot) = 0;
+    raggruppo_carte();
+    --t.n_carte(umano);
+    suona();
+}
+
+}  // namespace
+
+Task Gioco1()
+{
+    auto& t = tavolo;
+    t.pescato = false;
+    for (;;) {
+        t.azione = 0;
+        mouse_pointer(Pointer::arrow);
+        while (t.azione == 0)
+            co_await eventi();
+
+        bool fatto = false;  // there is something new to see
+        bool scartato = false;
+        switch (t.azione) {
+        case 1: fatto = pesca(true); break;
+        case 2: fatto = pesca(false); break;
+        case 3:
+            scegli_carta();
+            fatto = true;
+            break;
+        case 4: fatto = cala(); break;
+        case 5:
+            if (!t.pescato)
+                break;
+            fatto = true;
+            if (!annulla_scelta()) {
+                scarta();
+                scartato = true;
+            }
+            break;
+        default: break;
+        }
+        if (!fatto)
+            continue;
+        disegno_mano();
+        if (scartato) {
+            co_await ritardo(0.1F);
+            co_await rimescola_se_finito();
+            co_return;
+        }
+        if (t.n_carte(umano) == 0)  // a lay took every card: there is none to discard
+            co_return;
+    }
+}
+
+void raggruppo_carte()
+{
+    auto& t = tavolo;
+    std::stable_sort(&t.mano(umano, 1), &t.mano(umano, max_mano) + 1,
+                     [](Carta a, Carta b) { return ValCarta(a) > ValCarta(b); });
+}
