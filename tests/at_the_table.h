@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Telling a hand: a table laid out from its text, a person's actions by the names of the cards, and how it
+// stands afterwards.
+#pragma once
+
+#include "game/table_text.h"
+#include "silent_window.h"
+
+#include "game/task.h"
+
+#include <functional>
+#include <initializer_list>
+#include <string_view>
+
+// A table of that text on a fresh window; turno 1 unless it says otherwise. Stops the test if the text is
+// none.
+void apparecchia(std::string_view testo);
+
+using Azione = std::function<void()>;
+
+// Runs a procedure of the game; each time it waits for a person it is given the next action.
+// Returns whether it came to its end.
+bool gioca(Task procedura, std::initializer_list<Azione> azioni = {});
+
+// Real clicks in the middle of a place. A card is looked for in the hand, by its name.
+Azione pesca_pozzo();
+Azione pesca_tallone();
+Azione scegli(std::string_view carte);  // right clicks, one card each: "5H 6H 7H"
+Azione clic_calate(int posto = 1);      // on the strip of that list position
+Azione scarta(std::string_view carta);
+
+// Middle of the strip of list position i in the human's row.
+Single x_calate(int i);
+// Slot of a card of the human's hand, selected or not; 0 if it is not there.
+int slot_umano(std::string_view carta);
+void clic_mano(int tasto, int slot);
+
+// The words that stand on the surface, bottom first; the pictures in a box.
+std::vector<std::string> testi();
+bool si_legge(std::string_view testo);
+// The topmost picture with that corner, 0 if there is none or something was filled over it.
+int figura_a(Single x, Single y);

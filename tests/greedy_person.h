@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Somebody to play against the computer without a screen: a simple greedy player that acts through clicks and
+// menu events alone. It lays and attaches whatever it can and discards its dearest card that fits nothing.
+// Now and then it does something silly, since a person does.
+#pragma once
+
+#include "game/bounded.h"
+#include "silent_window.h"
+
+#include <cstdint>
+#include <map>
+#include <random>
+#include <string>
+
+struct PlayedHands {
+    int matches = 0, abandoned = 0, hands = 0, turns = 0, most_turns = 0;
+    std::map<std::string, int> moves;            // how often each source and each kind of move was taken
+    std::uint64_t hash = 14695981039346656037U;  // of all tables at all waits, in order
+};
+
+// Plays so many matches. A hand need not end: two players with one card each may go on for ever. So the
+// person gets up after max_turns turns of one hand, the program is started anew, and the match counts as
+// abandoned. at_each_wait is called at every wait of the game.
+inline constexpr int max_turns = 600;
+PlayedHands gioca_partite(
+    int matches, std::uint32_t seed, std::function<void()> const& at_each_wait = [] {});
+
+std::string to_text(PlayedHands const& played);

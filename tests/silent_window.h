@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A window without a screen: the game runs on a virtual clock, and the test is its only source of events. It
+// also holds the two devices, which only note what they were told.
+#pragma once
+
+#include "window/form1.h"
+#include "window/menus.h"
+#include "window/window.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct SilentWindow {
+    double now = 0;             // milliseconds since the clock began
+    double day_began = 36000;   // time of day at 0, in seconds
+    std::optional<double> due;  // the timer fires at that time
+    int last_wait = 0;          // milliseconds that the timer was last set to
+    Pointer pointer = Pointer::arrow;
+    bool answer_yes = false;               // to every question
+    std::function<void()> in_box = [] {};  // what happens while a box is open
+    std::vector<std::string> boxes;        // texts shown
+    std::vector<std::string> devices;      // commands, "effects play carta.wav"
+    int computer_turns = 0;                // the hourglass was shown
+    int beeps = 0;
+    bool ended = false;
+};
+extern SilentWindow finestra;
+
+// A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
+// card as large as in the reference window. The game is Main(), not yet begun.
+void avvia_programma(Pixels pixels = {1024, 779});
+
+// Lets the game go on until it waits for somebody, the virtual clock running through every timed wait.
+// after_wait is called at each wait, before the timer fires.
+void fino_all_attesa(std::function<void()> const& after_wait = [] {});
+
+// The timer fires once, if it is set, and the game goes on to its next wait. False if it was not set.
+bool scatta_timer();
+
+// One event of the mouse or menu, and the game goes on to its next wait, timed or not.
+void clic(int tasto, Single x, Single y);
+void menu(Menu voce);
