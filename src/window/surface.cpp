@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/surface.h"
+
+#include "window/window.h"
+
+#include <algorithm>
+
+Surface superficie;
+
+namespace {
+
+constexpr Box tutto{0, 0, 1024, 768};
+
+Box with_corners_in_order(Box b)
+{
+    return {std::min(b.x1, b.x2), std::min(b.y1, b.y2), std::max(b.x1, b.x2), std::max(b.y1, b.y2)};
+}
+
+bool meet(Box const& a, Box const& b)
+{
+    return a.x1 < b.x2 && b.x1 < a.x2 && a.y1 < b.y2 && b.y1 < a.y2;
+}
+
+Box both(Box const& a, Box const& b)
+{
+    return {std::min(a.x1, b.x1), std::min(a.y1, b.y1), std::max(a.x2, b.x2), std::max(a.y2, b.y2)};
+}
+
+Box body(Mark const& m)
+{
+    Box b = m.box;
+    if (m.kind == Mark::Kind::line) {
+        b.x2 = std::max(b.x2, b.x1 + 1);
+        b.y2 = std::max(b.y2, b.y1 + 1);
+    }
+    return b;
+}
+
+// Nothing of the older mark can be seen below the new one. The corners of a card are transparent: a picture
+// is sure to hide another one on the same place only.
+bool hides(Mark const& above, Mark const& below)
+{
+    if (above.kind == Mark::Kind::fill)
+        return above.box.contains(body(below));
+    if (above.kind != below.kind)
+        return false;
+    if (above.kind == Mark::Kind::text)
+        return above.box.x1 == below.box.x1 && above.box.y1 == below.box.y1 && above.testo == below.testo &&
+               above.font == below.font;
+    return above.box == below.box;
+}
+
+}  // namespace
+
+Box reach(Mark const& mark)
+{
+    Box b = body(mark);
+    if (mark.kind == Mark::Kind::text) {
+        Single const margin = b.y2 - b.y1;
+        b = {b.x1 - margin, b.y1 - margin, b.x2 + margin, b.y2 + margin};
+    }
+    return b;
+}
+
+Surface::Surface() : font_{"MS Sans Serif", 7.8F}
+{
+}
+
+void Surface::clear()
+{
+    marks_.clear();
+    repaint(tutto);
+}
+
+void Surface::fill_box(Box box, Colore colore)
+{
+    add({.kind = Mark::Kind::fill, .box = box, .colore = colore, .figura = {}, .testo = {}, .font = {}});
+}
+
+void Surface::outline_box(Box box, Colore colore)
+{
+    add({.kind = Mark::Kind::outline, .box = box, .colore = colore, .figura = {}, .testo = {}, .font = {}});
+}
+
+void Surface::line(Single x1, Single y1, Single x2, Single y2, Colore colore)
+{
+    add({.kind = Mark::Kind::line,
+         .box = {x1, y1, x2, y2},
+         .colore = colore,
+         .figura = {},
+         .testo = {},
+         .font = {}});
+}
+
+void Surface::paint_picture(Figura figura, Single x, Single y, Single larghezza, Single altezza)
+{
+    add({.kind = Mark::Kind::picture,
+         .box = {x, y, x + larghezza, y + altezza},
+         .colore = {},
+         .figura = figura,
+         .testo = {},
+         .font = {}});
+}
+
+void Surface::print_at(Single x, Single y)
+{
+    print_x_ = x;
+    print_y_ = y;
+}
+
+void Surface::print(std::string_view testo)
+{
+    if (testo.empty())
+        return;
+    Single const larghezza = text_width(testo, font_);
+    add({.kind = Mark::Kind::text,
+         .box = {print_x_, print_y_, print_x_ + larghezza, print_y_ + text_height(font_)},
+         .colore = colore_testo_,
+         .figura = {},
+         .testo = std::string(testo),
+         .font = font_});
+    print_x_ += larghezza;
+}
+
+void Surface::print_line(std::string_view testo)
+{
+    print(testo);
+    print_at(0, print_y_ + text_height(font_));
+}
+
+void Surface::add(Mark mark)
+{
+    mark.box = with_corners_in_order(mark.box);
+    Box changed = reach(mark);
+
+    std::erase_if(marks_, [&](Mark const& older) {
+        if (!hides(mark, older))
+            return false;
+        changed = both(changed, reach(older));
+        return true;
+    });
+
+    bool const invisible =
+        mark.kind == Mark::Kind::fill && mark.colore == background &&
+        std::ranges::none_of(marks_, [&](Mark const& older) { return meet(mark.box, reach(older)); });
+    if (!invisible)
+        marks_.push_back(std::move(mark));
+    repaint(changed);
+}
