@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/menus.h"
+
+#include "audio/sound_music.h"
+#include "game/table_state.h"
+#include "players/player_names.h"
+#include "window/form1.h"
+#include "window/help_pages.h"
+#include "window/window.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::size_t posto(Menu voce)
+{
+    return static_cast<std::size_t>(voce);
+}
+
+constexpr std::array<MenuEntry, n_voci> albero{{
+    {Menu::menu_game, 1, false, "&Partita"},
+    {Menu::menu_NewGame, 2, false, "Nuova partita"},
+    {Menu::menu_continue, 2, false, "Continua"},
+    {Menu::personalize_players, 2, false, "&Nomi dei giocatori"},
+    {Menu::istruzioni, 1, false, "&Regole"},
+    {Menu::opzioni, 1, false, "&Opzioni"},
+    {Menu::play_rate, 2, false, "Velocità gioco"},
+    {velocità(1), 3, true, "Bassa"},
+    {velocità(2), 3, true, "Media"},
+    {velocità(3), 3, true, "Alta"},
+    {Menu::menu_sounds, 1, false, "&Suoni"},
+    {Menu::menu_card_rustle, 2, false, "Fruscio delle carte"},
+    {Menu::menu_card_rustle_yes, 3, true, "Si"},
+    {Menu::menu_card_rustle_no, 3, true, "No"},
+    {Menu::menu_music, 1, false, "&Musica"},
+    {Menu::nomusic, 2, true, "Nessuna"},
+    {Menu::all, 2, true, "MODO SEQUENZIALE"},
+    {canzoni(1), 2, true, "Adagio sostenuto"},
+    {canzoni(2), 2, true, "Allegretto"},
+    {canzoni(3), 2, true, "Arabesque"},
+    {canzoni(4), 2, true, "Boccherini-minuetto"},
+    {canzoni(5), 2, true, "BWV 772"},
+    {canzoni(6), 2, true, "BWV 773"},
+    {canzoni(7), 2, true, "BWV 774"},
+    {canzoni(8), 2, true, "BWV 775"},
+    {canzoni(9), 2, true, "BWV776"},
+    {canzoni(10), 2, true, "Fastlane"},
+    {canzoni(11), 2, true, "Mascagni-preludio"},
+    {canzoni(12), 2, true, "Monteverdi-balletto"},
+    {canzoni(13), 2, true, "Per Elisa"},
+    {canzoni(14), 2, true, "Rondò a capriccio"},
+    {canzoni(15), 2, true, "Rossini-Guglielmo Tell"},
+    {canzoni(16), 2, true, "Verdi-Aida"},
+    {canzoni(17), 2, true, "Vivaldi-Concerto in C"},
+    {Menu::menu_about, 1, false, "&Info"},
+    {Menu::menu_help, 1, false, "&Help"},
+    {Menu::esci, 1, false, "&Esci"},
+}};
+
+constexpr bool in_order()
+{
+    for (std::size_t i = 0; i < albero.size(); ++i)
+        if (posto(albero[i].voce) != i)
+            return false;
+    return true;
+}
+static_assert(in_order());
+
+struct EntryState {
+    bool enabled = true;
+    bool checked = false;
+};
+using EntryStates = std::array<EntryState, n_voci>;
+
+EntryStates states_at_start()
+{
+    EntryStates s;
+    s[posto(velocità(1))].checked = true;
+    s[posto(Menu::menu_card_rustle_yes)].checked = true;
+    return s;
+}
+EntryStates stato = states_at_start();
+
+// Place of an entry in a menu array, from 1; 0 if it is none of its n entries.
+constexpr int index_in(Menu voce, Menu prima, int n)
+{
+    int const i = static_cast<int>(voce) - static_cast<int>(prima) + 1;
+    return i >= 1 && i <= n ? i : 0;
+}
+
+}  // namespace
+
+std::span<MenuEntry const> menu_tree()
+{
+    return albero;
+}
+std::string_view caption(Menu voce)
+{
+    return albero[posto(voce)].caption;
+}
+bool enabled(Menu voce)
+{
+    return stato[posto(voce)].enabled;
+}
+bool checked(Menu voce)
+{
+    return stato[posto(voce)].checked;
+}
+
+void enable(Menu voce, bool sì)
+{
+    stato[posto(voce)].enabled = sì;
+    show_menu_entry(voce);
+}
+
+void check(Menu voce, bool sì)
+{
+    stato[posto(voce)].checked = sì;
+    show_menu_entry(voce);
+}
+
+void reset_menus()
+{
+    stato = states_at_start();
+    for (auto const& voce : albero)
+        show_menu_entry(voce.voce);
+}
+
+void menu_click(Menu voce)
+{
+    if (!enabled(voce))
+        return;
+    if (int const i = index_in(voce, velocità(1), n_velocità))
+        return enabled(Menu::play_rate) ? velocità_Click(i) : void();
+    if (int const i = index_in(voce, canzoni(1), n_canzoni))
+        return canzoni_Click(i);
+
+    switch (voce) {
+    case Menu::menu_NewGame: return menu_NewGame_Click();
+    case Menu::menu_continue: return menu_continue_Click();
+    case Menu::personalize_players: return personalize_players_Click();
+    case Menu::istruzioni: return istruzioni_Click();
+    case Menu::menu_card_rustle_yes: return menu_card_rustle_yes_Click();
+    case Menu::menu_card_rustle_no: return menu_card_rustle_no_Click();
+    case Menu::nomusic: return nomusic_Click(0);
+    case Menu::all: return all_Click();
+    case Menu::menu_about: return menu_about_Click();
+    case Menu::menu_help: return menu_help_Click();
+    case Menu::esci: return esci_Click();
+    default: return;
+    }
+}
+
+void menu_NewGame_Click()
+{
+    tavolo.nuova_partita = true;
+}
+void menu_continue_Click()
+{
+    tavolo.continua = true;
+}
+
+void velocità_Click(int indice)
+{
+    auto& t = tavolo;
+    for (t.i = 1; t.i <= n_velocità; ++t.i)
+        check(velocità(t.i), false);
+    t.velocita = static_cast<Single>(indice) * 0.5F;
+    check(velocità(indice), true);
+}
+
+void esci_Click()
+{
+    if (!ask_yes_no("Uscire da Sollevino?"))
+        return;
+    superficie.clear();
+    Form_Unload();
+    end_program();
+}
