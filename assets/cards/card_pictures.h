@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// Makes the pictures of the deck known to Qt: afterwards `:/cards/carta01.svg` .. `:/cards/carta52.svg`,
+// `:/cards/dorso0.svg` (first deck) and `:/cards/dorso1.svg` (second deck) can be opened.
+// To be called once before the first picture is drawn; calling it again does no harm.
+// A picture has the proportions 96:153 and is transparent outside its rounded corners.
+void init_card_pictures();
