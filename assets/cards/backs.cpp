@@ -28,7 +28,8 @@ std::string dorso_losanghe()
     for (int r = 0; r <= 2 * righe; ++r)
         for (int c = r % 2 ? 0 : 1; c <= 2 * colonne; c += 2)
             if (c > 0 && c < 2 * colonne && r > 0 && r < 2 * righe)
-                stelle << 'M' << margine + c * w / 2 << ' ' << margine + r * h / 2 - 2.1 << "l1.6 2.1-1.6 2.1-1.6-2.1z";
+                stelle << 'M' << margine + c * w / 2 << ' ' << margine + r * h / 2 - 2.1
+                       << "l1.6 2.1-1.6 2.1-1.6-2.1z";
 
     std::ostringstream s;
     s << "<rect x=\"5\" y=\"5\" width=\"86\" height=\"143\" rx=\"2.5\" fill=\"#1d3a70\"/>\n"

@@ -23,10 +23,14 @@ QColor const tavolo(0, 112, 0);
 
 QString nome(int codice)
 {
-    return codice > 52 ? QString("dorso%1").arg(codice - 53) : QString("carta%1").arg(codice, 2, 10, QChar('0'));
+    return codice > 52 ? QString("dorso%1").arg(codice - 53)
+                       : QString("carta%1").arg(codice, 2, 10, QChar('0'));
 }
 
-int alta(int larga) { return static_cast<int>(std::lround(larga * 153.0 / 96)); }
+int alta(int larga)
+{
+    return static_cast<int>(std::lround(larga * 153.0 / 96));
+}
 
 void disegna(QPainter& p, QString const& carta, int x, int y, int larga)
 {
@@ -42,7 +46,8 @@ QImage foglio(int larga, int alta)
 
 QImage scelta(QStringList const& carte, int larga)
 {
-    int const bordo = 10, per_riga = std::min<int>(static_cast<int>(carte.size()), std::max(1, 1600 / (larga + bordo)));
+    int const bordo = 10,
+              per_riga = std::min<int>(static_cast<int>(carte.size()), std::max(1, 1600 / (larga + bordo)));
     int const righe = (static_cast<int>(carte.size()) + per_riga - 1) / per_riga;
     QImage i = foglio(per_riga * (larga + bordo) + bordo, righe * (alta(larga) + bordo) + bordo);
     QPainter p(&i);
@@ -85,14 +90,18 @@ void altri_occhi(QImage& i, QByteArray const& colori)
         for (int x = 0; x < i.width(); ++x) {
             QRgb const c = i.pixel(x, y);
             auto lineare = [](int v) { return std::pow(v / 255.0, 2.2); };
-            auto video = [](double v) { return static_cast<int>(std::lround(255 * std::pow(std::clamp(v, 0.0, 1.0), 1 / 2.2))); };
+            auto video = [](double v) {
+                return static_cast<int>(std::lround(255 * std::pow(std::clamp(v, 0.0, 1.0), 1 / 2.2)));
+            };
             double const r = lineare(qRed(c)), g = lineare(qGreen(c)), b = lineare(qBlue(c));
             if (colori == "grey") {
                 int const v = video(0.2126 * r + 0.7152 * g + 0.0722 * b);
                 i.setPixel(x, y, qRgb(v, v, v));
             } else {
-                i.setPixel(x, y, qRgb(video(0.367 * r + 0.861 * g - 0.228 * b), video(0.280 * r + 0.673 * g + 0.047 * b),
-                                      video(-0.012 * r + 0.043 * g + 0.969 * b)));
+                i.setPixel(x, y,
+                           qRgb(video(0.367 * r + 0.861 * g - 0.228 * b),
+                                video(0.280 * r + 0.673 * g + 0.047 * b),
+                                video(-0.012 * r + 0.043 * g + 0.969 * b)));
             }
         }
 }

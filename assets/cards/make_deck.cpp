@@ -25,7 +25,7 @@ constexpr std::string_view licenza =
     "<!-- SollevinoDue card pictures. SPDX-License-Identifier: GPL-3.0-or-later -->\n";
 constexpr std::string_view mezzo_giro = "rotate(180 48 76.5)";
 
-constexpr double x_indice = 10.1;  // middle of the strip that a covered card shows
+constexpr double x_indice = 10.3;  // middle of the strip that a covered card shows
 constexpr double y_indice = 5.5;
 constexpr double y_seme_indice = 36;
 constexpr double scala_seme_indice = 0.74;
@@ -45,10 +45,10 @@ Testo usa(std::string_view nome, double x, double y, double scala, bool capovolt
                   capovolto ? "rotate(180) " : "", "scale(", scala, ")\"/>\n");
 }
 
-Testo due_teste(Testo const& meta, std::string_view stile = "")
+Testo due_teste(std::string_view nome, Testo const& meta, std::string_view stile = "")
 {
-    return unisci("<g id=\"meta\"", stile, ">\n", meta, "</g>\n<use xlink:href=\"#meta\" transform=\"", mezzo_giro,
-                  "\"/>\n");
+    return unisci("<g id=\"", nome, "\"", stile, ">\n", meta, "</g>\n<use xlink:href=\"#", nome,
+                  "\" transform=\"", mezzo_giro, "\"/>\n");
 }
 
 // The drawings, and what other drawings they refer to.
@@ -116,27 +116,31 @@ Testo con_colori(Testo s)
 Testo foglio(Disegni const& disegni, Testo const& contenuto)
 {
     Testo const d = disegni.definizioni(contenuto);
-    return con_colori(unisci(
-        licenza,
-        "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.2\" "
-        "baseProfile=\"tiny\" width=\"96\" height=\"153\" viewBox=\"0 0 96 153\">\n",
-        d.empty() ? "" : unisci("<defs>\n", d, "</defs>\n"), contenuto, "</svg>\n"));
+    return con_colori(unisci(licenza,
+                             "<svg xmlns=\"http://www.w3.org/2000/svg\" "
+                             "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.2\" "
+                             "baseProfile=\"tiny\" width=\"96\" height=\"153\" viewBox=\"0 0 96 153\">\n",
+                             d.empty() ? "" : unisci("<defs>\n", d, "</defs>\n"), contenuto, "</svg>\n"));
 }
 
 constexpr std::string_view rettangolo = "x=\".5\" y=\".5\" width=\"95\" height=\"152\" rx=\"5.5\"";
 
-Testo base() { return unisci("<rect ", rettangolo, " fill=\"@carta\" stroke=\"@bordo\"/>\n"); }
+Testo base()
+{
+    return unisci("<rect ", rettangolo, " fill=\"@carta\" stroke=\"@bordo\"/>\n");
+}
 
 Testo indice(int numero, Seme const& seme)
 {
     Glifo const& g = glifi[static_cast<std::size_t>(numero - 1)];
-    Testo const tratti =
-        unisci("<path stroke-width=\"", peso_asta, "\" d=\"", g.asta, "\"/>\n",
-               g.grazia.empty() ? "" : unisci("<path stroke-width=\"", peso_grazia, "\" d=\"", g.grazia, "\"/>\n"));
+    Testo const tratti = unisci(
+        "<path stroke-width=\"", peso_asta, "\" d=\"", g.asta, "\"/>\n",
+        g.grazia.empty() ? "" : unisci("<path stroke-width=\"", peso_grazia, "\" d=\"", g.grazia, "\"/>\n"));
     bool const nove = numero == 9;
     return unisci("<g fill=\"none\" stroke=\"@", seme.nome, "\" transform=\"translate(", x_indice, ' ',
-                  nove ? y_indice + 20 : y_indice, nove ? ") rotate(180)\">\n" : ")\">\n", tratti, "</g>\n<g fill=\"@",
-                  seme.nome, "\">\n", usa(seme.nome, x_indice, y_seme_indice, scala_seme_indice), "</g>\n");
+                  nove ? y_indice + 20 : y_indice, nove ? ") rotate(180)\">\n" : ")\">\n", tratti,
+                  "</g>\n<g fill=\"@", seme.nome, "\">\n",
+                  usa(seme.nome, x_indice, y_seme_indice, scala_seme_indice), "</g>\n");
 }
 
 Testo carta_numerale(int numero, Seme const& seme)
@@ -144,31 +148,32 @@ Testo carta_numerale(int numero, Seme const& seme)
     Testo pip;
     for (Posto const p : posti[static_cast<std::size_t>(numero - 2)])
         pip += usa(seme.nome, x_pip(p), y_pip(p), scala_pip, capovolto(p));
-    return unisci(base(), due_teste(indice(numero, seme)), "<g id=\"pip\" fill=\"@", seme.nome, "\">\n", pip,
-                  "</g>\n");
+    return unisci(base(), due_teste("indice", indice(numero, seme)), "<g id=\"pip\" fill=\"@", seme.nome,
+                  "\">\n", pip, "</g>\n");
 }
 
 Testo asso(Disegni const& disegni, Seme const& seme)
 {
-    return unisci(base(), due_teste(indice(1, seme)), disegni.leggi(unisci("asso_", seme.nome)));
+    return unisci(base(), due_teste("indice", indice(1, seme)), disegni.leggi(unisci("asso_", seme.nome)));
 }
 
 // The frame of a figure is cut out around the two indices. The mat around it hides what a drawing lets
 // stand over, so that a figure may run into the frame.
-constexpr std::string_view cornice = "M21.5 6H86.5Q87 9 90 9.5V103.5H78Q74.5 103.5 74.5 107V147H9.5Q9 144 6 143.5V49.5H18Q21.5 "
-                                     "49.5 21.5 46Z";
+constexpr std::string_view cornice =
+    "M21.5 6H86.5Q87 9 90 9.5V103.5H78Q74.5 103.5 74.5 107V147H9.5Q9 144 6 143.5V49.5H18Q21.5 "
+    "49.5 21.5 46Z";
 
 Testo figura(Disegni const& disegni, Testo const& rango, int numero, Seme const& seme)
 {
-    return unisci("<rect x=\"4\" y=\"4\" width=\"88\" height=\"145\" fill=\"@fondo\"/>\n",
-                  due_teste(disegni.leggi(unisci(rango, '_', seme.nome))),
-                  disegni.leggi(unisci("fascia_", seme.nome)),
-                  "<path fill=\"@carta\" fill-rule=\"evenodd\" d=\"M2 2H94V151H2Z", cornice, "\"/>\n",
-                  "<rect ", rettangolo, " fill=\"none\" stroke=\"@bordo\"/>\n",
-                  "<path fill=\"none\" stroke=\"@nero\" stroke-width=\".9\" d=\"", cornice, "\"/>\n",
-                  // the two indices
-                  unisci("<g id=\"indice\">\n", indice(numero, seme), "</g>\n<use xlink:href=\"#indice\" transform=\"",
-                         mezzo_giro, "\"/>\n"));
+    constexpr std::string_view penna =
+        " stroke=\"@nero\" stroke-width=\".9\" stroke-linejoin=\"round\" stroke-linecap=\"round\"";
+    return unisci(base(), "<path fill=\"@fondo\" d=\"", cornice, "\"/>\n",
+                  due_teste("meta", disegni.leggi(unisci(rango, '_', seme.nome)), penna), "<g", penna, ">\n",
+                  disegni.leggi(unisci("fascia_", seme.nome)), "</g>\n",
+                  "<path fill=\"@carta\" fill-rule=\"evenodd\" d=\"M6 1H90Q95 1 95 6V147Q95 152 90 152H6Q1 "
+                  "152 1 147V6Q1 1 6 1Z",
+                  cornice, "\"/>\n<path fill=\"none\"", penna, " d=\"", cornice, "\"/>\n",
+                  due_teste("indice", indice(numero, seme)));
 }
 
 void scrivi(fs::path const& file, Testo const& testo)
