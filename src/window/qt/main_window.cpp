@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/qt/main_window.h"
+
+#include "game/match_loop.h"
+#include "window/form1.h"
+#include "window/qt/table_view.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+namespace {
+
+MainWindow* the_window = nullptr;
+
+QEvent::Type const wake_up = QEvent::User;
+
+QString qt_text(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+void prepare_application()
+{
+    QApplication::setApplicationName(QStringLiteral("sollevinodue"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("sollevinodue"));
+    QFont::insertSubstitution(QStringLiteral("Brush Script MT"), QStringLiteral("Kaushan Script"));
+    QFont::insertSubstitution(QStringLiteral("Arial"), QStringLiteral("Liberation Sans"));
+    QFont::insertSubstitution(QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"));
+}
+
+MainWindow* MainWindow::current()
+{
+    return the_window;
+}
+
+MainWindow::MainWindow() : table_(new TableView(this))
+{
+    the_window = this;
+    setWindowTitle(qt_text(titolo_finestra));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.callOnTimeout(this, [] { evento(Timer1_Timer); });
+    make_menus();
+    setCentralWidget(table_);
+}
+
+MainWindow::~MainWindow()
+{
+    runner.clear();
+    the_window = nullptr;
+}
+
+void MainWindow::make_menus()
+{
+    auto const tree = menu_tree();
+    std::array<QMenu*, 4> menus{};  // the open menu of each level
+    for (std::size_t i = 0; i < tree.size(); ++i) {
+        auto const& [voce, level, checkable, caption] = tree[i];
+        bool const opens = i + 1 < tree.size() && tree[i + 1].level > level;
+        QString const text = qt_text(caption);
+        QMenu* const above = menus[level - 1U];
+
+        QAction* action = nullptr;
+        if (opens) {
+            menus[level] = above ? above->addMenu(text) : menuBar()->addMenu(text);
+            action = menus[level]->menuAction();
+        } else {
+            action = above ? above->addAction(text) : menuBar()->addAction(text);
+            connect(action, &QAction::triggered, this, [voce = voce] {
+                evento([&] {
+                    MainWindow::current()->show_menu_entry(voce);  // the handler alone moves the mark
+                    menu_click(voce);
+                });
+            });
+        }
+        action->setCheckable(checkable);
+        entries_[static_cast<std::size_t>(voce)] = action;
+        show_menu_entry(voce);
+    }
+}
+
+void MainWindow::show_menu_entry(Menu voce)
+{
+    QAction* const action = entries_[static_cast<std::size_t>(voce)];
+    if (!action)
+        return;
+    action->setEnabled(enabled(voce));
+    if (action->isCheckable())
+        action->setChecked(checked(voce));
+}
+
+void MainWindow::open()
+{
+    Form_Load();
+    setGeometry(screen()->availableGeometry());
+    showMaximized();
+}
+
+void MainWindow::start_timer(int milliseconds)
+{
+    timer_.start(qRound(milliseconds * time_factor_));
+}
+
+void MainWindow::wake_game()
+{
+    if (wake_posted_)
+        return;
+    wake_posted_ = true;
+    QCoreApplication::postEvent(this, new QEvent(wake_up));
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    if (event->type() != wake_up)
+        return QMainWindow::event(event);
+    wake_posted_ = false;
+    if (eventi_aperti == 0)
+        runner.resume();
+    return true;
+}
+
+void MainWindow::end()
+{
+    runner.stop();
+    timer_.stop();
+    QCoreApplication::exit(0);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    evento(Form_QueryUnload);
+}

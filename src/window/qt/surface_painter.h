@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Draws the marks of a surface in device pixels.
+#pragma once
+
+#include "window/qt/grid_scale.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QPixmap>
+#include <functional>
+
+// The font of a text, twenty times its size in points: drawn small, its letters keep their widths at every
+// size.
+QFont const& large_font(Font const& font);
+inline constexpr int large_font_factor = 20;
+
+class SurfacePainter {
+  public:
+    // Gives the picture in exactly that size.
+    using Pictures = std::function<QPixmap(Figura, QSize)>;
+
+    // The painter counts in device pixels, size is that of the whole table, ratio is device pixels to a
+    // device-independent one.
+    SurfacePainter(QPainter& painter, QSize size, double ratio, Pictures pictures);
+
+    void background();
+    void mark(Mark const& mark);
+    // Where a mark may leave its pixels.
+    QRect reach(Mark const& mark) const { return scale_.rect(::reach(mark)); }
+
+  private:
+    void text(Mark const& mark);
+
+    QPainter& painter_;
+    QSize size_;
+    GridScale scale_;
+    double text_scale_;
+    Pictures pictures_;
+};

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/qt/table_view.h"
+
+#include "human/pointer_input.h"
+#include "players/player_names.h"
+#include "window/help_pages.h"
+#include "window/qt/surface_painter.h"
+#include "window/qt/text_panel.h"
+#include "window/window.h"
+
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr int max_lettere = 7;
+
+int button_number(Qt::MouseButtons button)
+{
+    if (button & Qt::LeftButton)
+        return 1;
+    if (button & Qt::RightButton)
+        return 2;
+    return button & Qt::MiddleButton ? 4 : 0;
+}
+
+void set_colours(QWidget* w, QColor text, QColor background)
+{
+    QPalette colours = w->palette();
+    for (auto role : {QPalette::Window, QPalette::Base})
+        colours.setColor(role, background);
+    for (auto role : {QPalette::WindowText, QPalette::Text})
+        colours.setColor(role, text);
+    w->setPalette(colours);
+    w->setAutoFillBackground(true);
+}
+
+QString qt_text(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+TableView::TableView(QWidget* parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setCursor(Qt::ArrowCursor);
+}
+
+QSize TableView::device_size() const
+{
+    return {qRound(width() * ratio()), qRound(height() * ratio())};
+}
+
+QPointF TableView::to_grid(QPointF where) const
+{
+    return {where.x() * static_cast<double>(griglia_x) / width(),
+            where.y() * static_cast<double>(griglia_y) / height()};
+}
+
+QRect TableView::to_widget(QRect const& device) const
+{
+    return QRectF(device.x() / ratio(), device.y() / ratio(), device.width() / ratio(),
+                  device.height() / ratio())
+        .toAlignedRect();
+}
+
+void TableView::repaint_box(Box const& box)
+{
+    update(to_widget(GridScale(device_size()).rect(box).adjusted(-1, -1, 1, 1)));
+}
+
+void TableView::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.scale(1 / ratio(), 1 / ratio());
+    if (pictures_ratio_ != ratio()) {
+        pictures_.clear();
+        pictures_ratio_ = ratio();
+    }
+
+    SurfacePainter surface(painter, device_size(), ratio(),
+                           [this](Figura figura, QSize size) { return pictures_.get(figura, size); });
+    surface.background();
+    for (Mark const& mark : superficie.marks())
+        if (event->region().intersects(to_widget(surface.reach(mark))))
+            surface.mark(mark);
+
+    if (!asked_to_open_) {
+        asked_to_open_ = true;
+        QMetaObject::invokeMethod(
+            this, [this] { open_table(); }, Qt::QueuedConnection);
+    }
+}
+
+// The first picture has been painted, so the window has its size: the game begins.
+void TableView::open_table()
+{
+    open_ = true;
+    evento([this] {
+        client_size({width(), height()});
+        Form_Resize();
+        Form_Activate();
+    });
+}
+
+void TableView::resizeEvent(QResizeEvent*)
+{
+    pictures_.clear();
+    if (!open_ || window()->isMinimized())
+        return;
+    evento([this] {
+        client_size({width(), height()});
+        Form_Resize();
+    });
+}
+
+void TableView::mousePressEvent(QMouseEvent* event)
+{
+    QPointF const at = to_grid(event->position());
+    evento([&] {
+        Form_MouseDown(button_number(event->button()), 0, static_cast<Single>(at.x()),
+                       static_cast<Single>(at.y()));
+    });
+}
+
+void TableView::mouseMoveEvent(QMouseEvent* event)
+{
+    QPointF const at = to_grid(event->position());
+    evento([&] {
+        Form_MouseMove(button_number(event->buttons()), 0, static_cast<Single>(at.x()),
+                       static_cast<Single>(at.y()));
+    });
+}
+
+void TableView::show_control(Control c)
+{
+    if (c == Control::carta_1)
+        return;
+    QWidget*& widget = controls_[static_cast<std::size_t>(c)];
+    auto const& state = control(c);
+    if (!widget && !state.visible)
+        return;
+    if (!widget)
+        widget = make_control(c);
+
+    QRect const box = GridScale(size()).rect(control_box(c));
+    if (auto* panel = dynamic_cast<TextPanel*>(widget)) {
+        panel->place(box, height());
+    } else {
+        widget->setGeometry(box);
+    }
+    if (auto* field = dynamic_cast<QLineEdit*>(widget)) {
+        QFont font = field->font();
+        font.setPixelSize(std::max(1, static_cast<int>(std::lround(7.8F * pixels_per_point()))));
+        field->setFont(font);
+        if (field->text() != qt_text(state.text))
+            field->setText(qt_text(state.text));
+    }
+    widget->setVisible(state.visible);
+    if (state.visible)
+        put_in_order();
+}
+
+QWidget* TableView::make_control(Control c)
+{
+    switch (c) {
+    case Control::TxtItaliano:
+        return new TextPanel(qt_text(panel_text(c)), {12, Qt::black, Qt::white, false}, TxtItaliano_Click,
+                             this);
+    case Control::TxtHelp:
+        return new TextPanel(qt_text(panel_text(c)), {12, Qt::black, Qt::white, false}, TxtHelp_Click, this);
+    case Control::Text4:
+        return new TextPanel(qt_text(panel_text(c)), {7.8F, Qt::black, QColor(224, 224, 224), true},
+                             text4_Click, this);
+    case Control::Shape1_0:
+    case Control::Shape1_1: {
+        auto* shape = new QWidget(this);
+        QColor const colour = c == Control::Shape1_0 ? QColor(128, 128, 0) : QColor(192, 192, 0);
+        set_colours(shape, colour, colour);
+        shape->setAttribute(Qt::WA_TransparentForMouseEvents);
+        return shape;
+    }
+    default: break;
+    }
+
+    auto* field = new QLineEdit(this);
+    field->setMaxLength(max_lettere);
+    field->setContextMenuPolicy(Qt::NoContextMenu);
+    QFont font(QStringLiteral("MS Sans Serif"));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    field->setFont(font);
+    set_colours(field, Qt::black, Qt::white);
+    int const n = static_cast<int>(c) - static_cast<int>(Control::TxtPlayer_1) + 1;
+    connect(field, &QLineEdit::textEdited, this, [c, n](QString const& text) {
+        evento([&] {
+            set_text(c, text.toStdString());
+            TxtPlayer_Change(n);
+        });
+    });
+    return field;
+}
+
+void TableView::put_in_order()
+{
+    std::vector<Control> shown;
+    for (int c = 0; c < n_controlli; ++c)
+        if (controls_[static_cast<std::size_t>(c)] && control(static_cast<Control>(c)).visible)
+            shown.push_back(static_cast<Control>(c));
+    std::ranges::stable_sort(shown, {}, [](Control c) { return control(c).order; });
+    for (Control c : shown)
+        controls_[static_cast<std::size_t>(c)]->raise();
+}

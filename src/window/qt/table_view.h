@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The table: the client area of the window. It shows the surface, holds the controls that lie over it and
+// hands the mouse to the game.
+#pragma once
+
+#include "window/form1.h"
+#include "window/qt/card_pixmaps.h"
+
+#include <QWidget>
+#include <array>
+
+class QLineEdit;
+
+class TableView : public QWidget {
+  public:
+    explicit TableView(QWidget* parent);
+
+    void repaint_box(Box const& box);
+    void show_control(Control c);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    // The second press of a double click is a press like any other.
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    void open_table();
+    void tell_size();
+    double ratio() const { return devicePixelRatioF(); }
+    QSize device_size() const;
+    QPointF to_grid(QPointF where) const;
+    QRect to_widget(QRect const& device) const;
+
+    QWidget* make_control(Control c);
+    void put_in_order();
+
+    CardPixmaps pictures_;
+    double pictures_ratio_ = 0;
+    std::array<QWidget*, n_controlli> controls_{};  // made when they are first shown
+    bool asked_to_open_ = false, open_ = false;
+};

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/qt/text_panel.h"
+
+#include "window/form1.h"
+#include "window/qt/surface_painter.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+
+TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()> click, QWidget* parent)
+    : QScrollArea(parent), label_(new QLabel(text)), look_(look), click_(std::move(click))
+{
+    QPalette colours = palette();
+    for (auto role : {QPalette::Window, QPalette::Base})
+        colours.setColor(role, look.background);
+    for (auto role : {QPalette::WindowText, QPalette::Text})
+        colours.setColor(role, look.text);
+    label_->setPalette(colours);
+    label_->setAutoFillBackground(true);
+    label_->setTextFormat(Qt::PlainText);
+    label_->setWordWrap(true);
+    label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+    setFrameStyle(look.border ? int(QFrame::Box) | int(QFrame::Plain) : int(QFrame::NoFrame));
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setCursor(Qt::ArrowCursor);
+    setWidget(label_);
+}
+
+void TextPanel::place(QRect box, int bottom)
+{
+    QFont font(QStringLiteral("MS Sans Serif"));
+    int const pixels = static_cast<int>(std::lround(look_.punti * pixels_per_point()));
+    font.setPixelSize(std::max(1, pixels));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    label_->setFont(font);
+    label_->setMargin(pixels / 3);
+
+    int const needed = label_->heightForWidth(box.width() - 2 * frameWidth()) + 2 * frameWidth();
+    box.setHeight(std::clamp(needed, std::min(box.height(), bottom - box.top()), bottom - box.top()));
+    setGeometry(box);
+}
+
+void TextPanel::mousePressEvent(QMouseEvent*)
+{
+    evento(click_);
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A help panel: text to read, lines as they stand, wrapped only where they are too long. Its colours are its
+// own, whatever the desktop's. A click on it is told; one on its scroll bar is not.
+#pragma once
+
+#include "window/window.h"
+
+#include <QScrollArea>
+#include <functional>
+
+class QLabel;
+
+class TextPanel : public QScrollArea {
+  public:
+    struct Look {
+        Single punti;
+        QColor text, background;
+        bool border;
+    };
+    TextPanel(QString const& text, Look const& look, std::function<void()> click, QWidget* parent);
+
+    // Lies in the box, in pixels of the table, and grows down to show its text, at most to `bottom`.
+    void place(QRect box, int bottom);
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+
+  private:
+    QLabel* label_;
+    Look look_;
+    std::function<void()> click_;
+};

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/qt/main_window.h"
+
+#include "window/form1.h"
+#include "window/qt/surface_painter.h"
+#include "window/qt/table_view.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTime>
+
+namespace {
+
+QString qt_text(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+void repaint(Box const& box)
+{
+    if (auto* w = MainWindow::current())
+        w->table().repaint_box(box);
+}
+
+Single text_width(std::string_view testo, Font const& font)
+{
+    double const points =
+        QFontMetricsF(large_font(font)).horizontalAdvance(qt_text(testo)) / large_font_factor;
+    auto* const w = MainWindow::current();
+    double const width = w ? w->table().width() : static_cast<double>(griglia_x);
+    return static_cast<Single>(points * static_cast<double>(pixels_per_point() * griglia_x) / width);
+}
+
+Single text_height(Font const& font)
+{
+    return points_to_grid(font.punti);
+}
+
+void start_timer(int millisecondi)
+{
+    if (auto* w = MainWindow::current())
+        w->start_timer(millisecondi);
+}
+
+void mouse_pointer(Pointer forma)
+{
+    auto* const w = MainWindow::current();
+    if (!w)
+        return;
+    switch (forma) {
+    case Pointer::arrow: return w->table().setCursor(Qt::ArrowCursor);
+    case Pointer::up_arrow: return w->table().setCursor(Qt::UpArrowCursor);
+    case Pointer::hourglass: return w->table().setCursor(Qt::WaitCursor);
+    }
+}
+
+void show_menu_entry(Menu voce)
+{
+    if (auto* w = MainWindow::current())
+        w->show_menu_entry(voce);
+}
+
+void show_control(Control controllo)
+{
+    if (auto* w = MainWindow::current())
+        w->table().show_control(controllo);
+}
+
+void message_box(std::string_view testo)
+{
+    auto* const w = MainWindow::current();
+    if (!w)
+        return;
+    QMessageBox box(QMessageBox::NoIcon, qt_text(nome_programma), qt_text(testo), QMessageBox::NoButton, w);
+    box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    box.exec();
+    wake_game();  // what came while the box was open woke nobody
+}
+
+bool ask_yes_no(std::string_view testo)
+{
+    auto* const w = MainWindow::current();
+    if (!w)
+        return false;
+    QMessageBox box(QMessageBox::NoIcon, qt_text(nome_programma), qt_text(testo), QMessageBox::NoButton, w);
+    auto* const yes = box.addButton(QStringLiteral("&Sì"), QMessageBox::YesRole);
+    auto* const no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+    box.setDefaultButton(yes);
+    box.setEscapeButton(no);
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+void beep()
+{
+    QApplication::beep();
+}
+
+Single time_of_day()
+{
+    return static_cast<Single>(QTime::currentTime().msecsSinceStartOfDay()) / 1000;
+}
+
+void end_program()
+{
+    if (auto* w = MainWindow::current())
+        w->end();
+}
+
+void wake_game()
+{
+    if (auto* w = MainWindow::current())
+        w->wake_game();
+}
