@@ -142,7 +142,7 @@ void menu_click(Menu voce)
     case Menu::istruzioni: return istruzioni_Click();
     case Menu::menu_card_rustle_yes: return menu_card_rustle_yes_Click();
     case Menu::menu_card_rustle_no: return menu_card_rustle_no_Click();
-    case Menu::nomusic: return nomusic_Click(0);
+    case Menu::nomusic: return nomusic_Click();
     case Menu::all: return all_Click();
     case Menu::menu_about: return menu_about_Click();
     case Menu::menu_help: return menu_help_Click();
