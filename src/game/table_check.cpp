@@ -15,11 +15,12 @@ namespace {
     std::abort();
 }
 
-// During the deal and the choice of the dealer the cards are not all in their places yet.
+// From the choice of the dealer, whose ranks the set-up of the hand clears, to the end of the deal the cards
+// are not in their places.
 bool distribuite()
 {
     auto const& t = tavolo;
-    return t.azione != 15 && t.azione != 7 && t.mano(1, 1) + t.mano(2, 1) != 0;
+    return t.azione != 15 && t.azione != 7 && t.valore_scelta(1) == 0 && t.mano(1, 1) + t.mano(2, 1) != 0;
 }
 
 // The computer's last slot is a copy of the pile's top until it is taken or dropped.
@@ -65,7 +66,8 @@ std::string guasto_tavolo()
             if (t.calate(p, i) != segnacalata)
                 conta(t.calate(p, i));
         for (int s = 1; s <= t.n_carte(p); ++s)
-            conta(senza_scelta(t.mano(p, s)));
+            if (p == 1 || t.turno == 1 || t.mano(p, s) != 0)  // a gap that the computer's turn closes again
+                conta(senza_scelta(t.mano(p, s)));
     }
     for (int i = 0; i < t.n_pozzo; ++i)
         conta(t.pozzo(i));
