@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
 #include <sstream>
 
 namespace {
@@ -26,6 +27,13 @@ void apparecchia(std::string_view testo)
     if (tavolo.turno == 0)
         tavolo.turno = 1;
     superficie.font_name("Arial");
+}
+
+std::string contenuto(std::filesystem::path const& file)
+{
+    std::ostringstream testo;
+    testo << std::ifstream(file, std::ios::binary).rdbuf();
+    return testo.str();
 }
 
 bool gioca(Task procedura, std::initializer_list<Azione> azioni)

@@ -17,6 +17,9 @@
 // none.
 void apparecchia(std::string_view testo);
 
+// The whole of a file, empty if there is none.
+std::string contenuto(std::filesystem::path const& file);
+
 using Azione = std::function<void()>;
 
 // Runs a procedure of the game; each time it waits for a person it is given the next action.

@@ -300,11 +300,15 @@ class Recorder {
             dealing_ = true;
             turns_ = 0;
             turno_ = 0;
+            stock_ = 0;
             return;
         }
         if (dealing_ && t.n_pozzo == 0)
             return;
         dealing_ = false;
+        if (t.cima_tallone < stock_)
+            count("reshuffle");
+        stock_ = t.cima_tallone;
         if (turno_ != t.turno) {
             turno_ = t.turno;
             ++turns_;
@@ -340,7 +344,7 @@ class Recorder {
     }
 
     PlayedHands* played_;
-    int turns_ = 0, turno_ = 0;
+    int turns_ = 0, turno_ = 0, stock_ = 0;
     bool dealing_ = false, open_ = false;
     int its_turns_ = 0, cima_ = 0, melds_ = 0, beeps_ = 0;
 };
