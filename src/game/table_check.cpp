@@ -102,8 +102,8 @@ std::string guasto_tavolo()
 void controlla_tavolo()
 {
     if constexpr (controllato)
-        if (auto const guasto = guasto_tavolo(); !guasto.empty())
-            ferma(guasto);
+        if (!tavolo_coerente())
+            ferma(guasto_tavolo());
 }
 
 void fuori_limiti(int valore, int minimo, int massimo)
