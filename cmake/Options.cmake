@@ -4,16 +4,21 @@ add_library(sollevinodue_options INTERFACE)
 target_compile_options(sollevinodue_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
   -Woverloaded-virtual -Wcast-qual -Wimplicit-fallthrough -Wsuggest-override
-  $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op -Wnull-dereference>)
+  $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op -Wnull-dereference>
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)  # g++ 12 warns of its own std::string
 if(SOLLEVINO_WARNINGS_ARE_ERRORS)
   target_compile_options(sollevinodue_options INTERFACE -Werror)
 endif()
 if(SOLLEVINO_CHECKED)
   target_compile_definitions(sollevinodue_options INTERFACE SOLLEVINO_CHECKED _GLIBCXX_ASSERTIONS)
 endif()
+if(SOLLEVINO_FUZZ)
+  target_compile_options(sollevinodue_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(SOLLEVINO_SANITIZE)
   target_compile_options(sollevinodue_options INTERFACE
-    -fsanitize=${SOLLEVINO_SANITIZE} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    -fsanitize=${SOLLEVINO_SANITIZE} -fno-sanitize-recover=undefined -fno-omit-frame-pointer
+    $<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)  # clang 14 cannot place it in coroutines
   target_link_options(sollevinodue_options INTERFACE -fsanitize=${SOLLEVINO_SANITIZE})
 endif()
 

@@ -128,16 +128,16 @@ std::string mostra()
             testo += " " + voce(i);
     };
     for (int p = 1; p <= 2; ++p)
-        gruppo(p == 1 ? "mano" : "mano2", 1, t.n_carte(p), [&t, p](int s) {
+        gruppo(p == 1 ? "mano" : "mano2", 1, t.n_carte(p), [p](int s) {
             return (t.mano(p, s) > scelta ? "*" : "") + nome_carta(senza_scelta(t.mano(p, s)));
         });
     for (int p = 1; p <= 2; ++p)
-        gruppo(p == 1 ? "calate" : "calate2", 1, t.n_calate(p), [&t, p](int i) {
+        gruppo(p == 1 ? "calate" : "calate2", 1, t.n_calate(p), [p](int i) {
             return t.calate(p, i) == segnacalata ? std::string("|") : nome_carta(t.calate(p, i));
         });
-    gruppo("pozzo", 0, t.n_pozzo - 1, [&t](int i) { return nome_carta(t.pozzo(i)); });
+    gruppo("pozzo", 0, t.n_pozzo - 1, [](int i) { return nome_carta(t.pozzo(i)); });
     if (t.cima_tallone > 0)
-        gruppo("tallone", t.cima_tallone, carte_mazzo, [&t](int i) { return nome_carta(t.mazzo(i)); });
+        gruppo("tallone", t.cima_tallone, carte_mazzo, [](int i) { return nome_carta(t.mazzo(i)); });
     return testo;
 }
 

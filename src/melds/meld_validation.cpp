@@ -87,7 +87,7 @@ bool cammina()
 bool si_uniscono(int i)
 {
     auto const& t = tavolo;
-    auto const carta = [&t](int pos) -> Carta { return t.calate(umano, pos); };
+    auto const carta = [](int pos) -> Carta { return t.calate(umano, pos); };
     int const prima_s = prima_carta(umano, i - 1), ultima_s = i - 1;
     int const prima_d = i + 1, ultima_d = ultima_carta(umano, i + 1);
     if (Seme(carta(ultima_s)) != Seme(carta(prima_d)) ||

@@ -64,15 +64,15 @@ std::string maiuscolo(std::string_view utf8)
 
 }  // namespace
 
-void Lettura_Players()
+void Lettura_Players() { leggi_nomi(leggi_file(file_to_read("Players"))); }
+
+void leggi_nomi(std::string_view byte)
 {
     auto& t = tavolo;
     t.nomi(0) = "Player1";
     t.nomi(1) = "Player2";
-    std::string const testo = leggi_file(file_to_read("Players"));
-    std::string_view resto = testo;
     for (int n = 0; n <= 1; ++n)
-        if (auto campo = prossimo_campo(resto))
+        if (auto campo = prossimo_campo(byte))
             t.nomi(n) = *std::move(campo);
 }
 
@@ -96,7 +96,7 @@ void Posiziona_Players()
 {
     auto const& t = tavolo;
     Single const x = t.centro_x - t.larg_carta / 2;
-    auto const colore = [&t](int p) {
+    auto const colore = [](int p) {
         return t.turno == p && t.azione != 7 ? colori::bianco : colori::cornice;
     };
     superficie.font_size(8);

@@ -14,6 +14,9 @@
 // Sets nomi to Player1 and Player2 and reads the file over them.
 void Lettura_Players();
 
+// The same from the bytes of a file, whatever they are.
+void leggi_nomi(std::string_view byte);
+
 // Writes nomi as a whole new file.
 void Registra_Players();
 
