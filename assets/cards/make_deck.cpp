@@ -29,7 +29,7 @@ constexpr double x_indice = 10.3;  // middle of the strip that a covered card sh
 constexpr double y_indice = 5.5;
 constexpr double y_seme_indice = 36;
 constexpr double scala_seme_indice = 0.74;
-constexpr double scala_pip = 0.93;
+constexpr double scala_pip = 1.03;
 
 template <class... A>
 Testo unisci(A const&... a)

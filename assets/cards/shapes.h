@@ -18,9 +18,9 @@ struct Colore {
 
 // No name begins with another one.
 inline constexpr std::array colori{
-    Colore{"cuori", "#c4142b"},    // the suits: two reds and two blacks that also differ in lightness
-    Colore{"quadri", "#e84f1e"},   //
-    Colore{"fiori", "#2c4659"},    //
+    Colore{"cuori", "#ba1029"},    // the suits: two reds and two blacks that also differ in lightness
+    Colore{"quadri", "#e4461b"},   //
+    Colore{"fiori", "#284255"},    //
     Colore{"picche", "#0b0b12"},   //
     Colore{"carta", "#fffdf4"},    // the face of a card
     Colore{"bordo", "#4a4a4a"},    // its edge
@@ -31,6 +31,7 @@ inline constexpr std::array colori{
     Colore{"blu", "#274a78"},      //
     Colore{"celeste", "#8fb0c9"},  //
     Colore{"oro", "#e6ab34"},      //
+    Colore{"labbra", "#c9705c"},   // of the men
     Colore{"bruno", "#7a4a28"},    //
     Colore{"avorio", "#fff8e6"},   //
     Colore{"grigio", "#c9c6bd"},   // steel, grey hair
@@ -47,7 +48,8 @@ struct Seme {
 inline constexpr std::array semi{
     Seme{"cuori", "M0 10C-1.6 6.4-9.4 2-9.4-4.3-9.4-7.6-7.2-9.8-4.6-9.8-2.4-9.8-.7-8.4 0-6.2"
                   ".7-8.4 2.4-9.8 4.6-9.8 7.2-9.8 9.4-7.6 9.4-4.3 9.4 2 1.6 6.4 0 10Z"},
-    Seme{"quadri", "M0-11C1.9-7 5-3 8.2 0 5 3 1.9 7 0 11-1.9 7-5 3-8.2 0-5-3-1.9-7 0-11Z"},
+    Seme{"quadri",
+         "M0-10.8C2-6.8 5.2-2.8 8.6 0 5.2 2.8 2 6.8 0 10.8-2 6.8-5.2 2.8-8.6 0-5.2-2.8-2-6.8 0-10.8Z"},
     Seme{"fiori", "M-1.3 1.7A4.75 4.75 0 1 1-4.1-2.5 4.75 4.75 0 1 1 4.1-2.5 4.75 4.75 0 1 1 1.3 1.7"
                   "C1.5 5.6 2.6 8.2 4.6 10H-4.6C-2.6 8.2-1.5 5.6-1.3 1.7Z"},
     Seme{"picche", "M0-10.4C1.8-6.2 9.2-2.4 9.2 2.8 9.2 5.6 7.2 7.2 5 7.2 3.2 7.2 1.7 6.2 1 4.4"
@@ -70,7 +72,7 @@ inline constexpr std::string_view sei =
     " 5.6 13 5.6 10 3.4 8 .3 8-2.8 8-5.2 10-5.5 12.8";
 
 inline constexpr std::array<Glifo, 13> glifi{{
-    {"M-5.3 19.4L-.2 1.2H.2L5.3 19.4M-3.4 13H3.4", "M-8.2 18.85H-2.2M2.2 18.85H8.2"},
+    {"M-5.2 18.85L-.2 1.2H.2L5.2 18.85M-3.4 12.8H3.4", "M-8.2 18.85H-2.2M2.2 18.85H8.2"},
     {"M-5.3 6.6C-5.3 3.5-3 1.75 0 1.75 3.2 1.75 5.2 3.6 5.2 6.4 5.2 10.2-2.6 13.2-5 18.25H6.4"},
     {"M-5.1 5.2C-4.4 2.9-2.4 1.75 0 1.75 2.9 1.75 4.9 3.2 4.9 5.5 4.9 8 2.7 9.4-1.4 9.4 3 9.4 5.5 10.9"
      " 5.5 13.8 5.5 16.6 3.2 18.25 0 18.25-2.9 18.25-5 16.9-5.6 14.4"},
@@ -87,8 +89,8 @@ inline constexpr std::array<Glifo, 13> glifi{{
      "M-8.5 4.9C-7.4 4.3-6.6 3.2-6 1"},
     {"M3.2 1V13.4C3.2 16.6 1.4 18.25-1.2 18.25-3.9 18.25-5.4 16.7-5.5 13.6", "M-1.8 1.15H7.4"},
     {"M-.4 1.75C-4 1.75-5.9 4.8-5.9 9.9S-4 18.05-.4 18.05 5.1 15 5.1 9.9 3.2 1.75-.4 1.75Z"
-     "M-.6 12.6L6.6 19.2"},
-    {"M-4.6 1V19M5.4 1.6L-4 11.8M-1 8.8L5.6 18.6", "M-8 1.15H-1.6M2 1.15H8.2M-8 18.85H-1.6M2.6 18.85H8.5"},
+     "M.4 13.2L6.6 19.2"},
+    {"M-4.6 1V19M5.4 1.15L-4 11.8M-1 8.6L5.8 18.85", "M-8 1.15H-1.6M2 1.15H8.2M-8 18.85H-1.6M2.6 18.85H8.5"},
 }};
 
 // The place of a pip: column -1, 0, 1, and twelfths of the way from the top row to the bottom row.
@@ -99,7 +101,7 @@ struct Posto {
 
 // The columns stay clear of the strip of the index on either side.
 inline constexpr double tra_colonne = 17.6;
-inline constexpr double prima_riga = 23.5;
+inline constexpr double prima_riga = 22.5;
 inline constexpr double tra_dodicesimi = (altezza - 2 * prima_riga) / 12;
 
 constexpr double x_pip(Posto p)
