@@ -3,54 +3,110 @@
 
 #include "shapes.h"
 
+#include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 namespace {
 
-constexpr double margine = 6;  // from the edge of the card to the panel
-constexpr double fine_x = larghezza - margine, fine_y = altezza - margine;
+constexpr double xc = larghezza / 2, yc = altezza / 2;
+
+// The panel of a back: 84 by 141, filled with the ground colour before the pattern is drawn, which may run
+// over its sides, since the margin is laid over them afterwards.
+std::string pannello(std::string_view fondo, std::string_view filo, std::string const& disegno)
+{
+    std::ostringstream s;
+    s << "<path fill=\"" << fondo << "\" d=\"M5 5H91V148H5Z\"/>\n"
+      << disegno
+      << "<path fill=\"@carta\" fill-rule=\"evenodd\" d=\"M6 1H90Q95 1 95 6V147Q95 152 90 152H6Q1 152 1 147V6"
+         "Q1 1 6 1ZM8.5 6Q6 6 6 8.5V144.5Q6 147 8.5 147H87.5Q90 147 90 144.5V8.5Q90 6 87.5 6Z\"/>\n"
+      << "<rect x=\"4.2\" y=\"4.2\" width=\"87.6\" height=\"144.6\" rx=\"3.6\" fill=\"none\" stroke=\""
+      << filo << "\" stroke-width=\".8\"/>\n";
+    return s.str();
+}
+
+struct Losanga {
+    double w, h;  // half diagonals
+};
+
+void losanga(std::ostream& s, double x, double y, Losanga l)
+{
+    s << 'M' << x << ' ' << y - l.h << 'l' << l.w << ' ' << l.h << ' ' << -l.w << ' ' << l.h << ' ' << -l.w
+      << ' ' << -l.h << 'z';
+}
 
 }  // namespace
 
 std::string dorso_losanghe()
 {
-    constexpr int colonne = 8, righe = 12;
-    constexpr double w = (larghezza - 2 * margine) / colonne, h = (altezza - 2 * margine) / righe;
+    constexpr int colonne = 6, righe = 9;
+    constexpr double dx = 84.0 / colonne, dy = 141.0 / righe;
+    constexpr Losanga piena{6.1, 6.85}, cuore{1.9, 2.15};
+    constexpr double tondo = 21.4;  // of the medallion
 
-    std::ostringstream reticolo, stelle;
-    // A line leaves the left side or the top, and ends on the bottom or the right side.
-    for (int k = 1 - righe; k < colonne; ++k) {
-        int const c0 = std::max(k, 0), r0 = std::max(-k, 0);
-        int const n = std::min(colonne - c0, righe - r0);
-        reticolo << 'M' << margine + c0 * w << ' ' << margine + r0 * h << 'l' << n * w << ' ' << n * h;
-        reticolo << 'M' << fine_x - c0 * w << ' ' << margine + r0 * h << 'l' << -n * w << ' ' << n * h;
-    }
-    for (int r = 0; r <= 2 * righe; ++r)
-        for (int c = r % 2 ? 0 : 1; c <= 2 * colonne; c += 2)
-            if (c > 0 && c < 2 * colonne && r > 0 && r < 2 * righe)
-                stelle << 'M' << margine + c * w / 2 << ' ' << margine + r * h / 2 - 2.1
-                       << "l1.6 2.1-1.6 2.1-1.6-2.1z";
-
+    // A path for each row: the rasterizer is much slower at one path of everything.
     std::ostringstream s;
-    s << "<rect x=\"5\" y=\"5\" width=\"86\" height=\"143\" rx=\"2.5\" fill=\"#1d3a70\"/>\n"
-      << "<path fill=\"none\" stroke=\"#7f9ccb\" stroke-width=\"1\" d=\"" << reticolo.str() << "\"/>\n"
-      << "<path fill=\"@avorio\" d=\"" << stelle.str() << "\"/>\n";
-    return s.str();
+    for (int r = 1 - righe; r < righe; ++r) {
+        std::ostringstream campo, cuori;
+        for (int c = 1 - colonne; c < colonne; ++c) {
+            double const x = c * dx / 2, y = r * dy / 2;
+            if ((r + c) % 2 != 0)
+                continue;
+            losanga(campo, xc + x, yc + y, piena);
+            if (std::hypot(x, y) > tondo + cuore.h)
+                losanga(cuori, xc + x, yc + y, cuore);
+        }
+        s << "<path fill=\"#34599c\" d=\"" << campo.str() << "\"/>\n<path fill=\"@avorio\" d=\""
+          << cuori.str() << "\"/>\n";
+    }
+
+    // The star of the medallion: eight rays, one half of each in the light.
+    std::ostringstream chiara, scura;
+    for (int k = 0; k < 8; ++k) {
+        constexpr double ottavo = std::numbers::pi / 4;
+        auto const meta = [&](std::ostream& o, double verso) {
+            double const lungo = k % 2 ? 10.5 : 16.5, a = k * ottavo, b = a + verso * ottavo / 2;
+            o << 'M' << xc << ' ' << yc << 'L' << xc + lungo * std::cos(a) << ' ' << yc + lungo * std::sin(a)
+              << ' ' << xc + 4.2 * std::cos(b) << ' ' << yc + 4.2 * std::sin(b) << 'Z';
+        };
+        meta(chiara, -1);
+        meta(scura, 1);
+    }
+    s << "<circle cx=\"48\" cy=\"76.5\" r=\"" << tondo << "\" fill=\"@avorio\"/>\n"
+      << "<circle cx=\"48\" cy=\"76.5\" r=\"" << tondo - 1.6 << "\" fill=\"#16295a\"/>\n"
+      << "<path fill=\"@avorio\" d=\"" << chiara.str() << "\"/>\n<path fill=\"@celeste\" d=\"" << scura.str()
+      << "\"/>\n";
+    return pannello("#16295a", "#16295a", s.str());
 }
 
-std::string dorso_scaglie()
+std::string dorso_fiamme()
 {
-    constexpr int colonne = 6;
-    constexpr double r = (larghezza - 2 * margine) / colonne / 2;
+    // The corners of a flame line. Every third peak is a tall one, counted from the middle to either side, so
+    // that the line turns into itself.
+    constexpr double fra_punte = 7, fra_fiamme = 24;
+    constexpr int punte = 7, fiamme = 2;
+    auto const punta = [](int k) {
+        bool const alta = (k < 0 ? -k - 1 : k) % 3 == 0;
+        return (k % 2 ? 1 : -1) * (alta ? 7.6 : 4.4);
+    };
 
-    std::ostringstream scaglie;
-    for (double y = margine + r; y < fine_y; y += r)
-        for (int c = 0; c < colonne; ++c) {
-            double const x = margine + c * 2 * r;
-            scaglie << 'M' << x << ' ' << y << 'a' << r << ' ' << r << " 0 0 1 " << 2 * r << " 0";
-        }
+    // A flame is a broad band with narrower ones upon it.
     std::ostringstream s;
-    s << "<rect x=\"5\" y=\"5\" width=\"86\" height=\"143\" rx=\"2.5\" fill=\"#a8242c\"/>\n"
-      << "<path fill=\"none\" stroke=\"#ffe9c4\" stroke-width=\"1\" d=\"" << scaglie.str() << "\"/>\n";
-    return s.str();
+    for (auto const& [tinta, mezza] : {std::pair{"#b8323a", 10.0}, {"#e58f6c", 6.0}, {"#fbe9cf", 2.0}})
+        for (int r = -fiamme - 1; r <= fiamme + 1; ++r) {
+            s << "<path fill=\"" << tinta << "\" d=\"";
+            char segno = 'M';
+            for (int verso : {1, -1})
+                for (int i = -punte; i < punte; ++i) {
+                    int const k = verso > 0 ? i : -1 - i;
+                    double const y = yc + r * fra_fiamme + punta(k) - verso * mezza;
+                    s << segno << xc + (k + .5) * fra_punte << ' ' << std::clamp(y, 3.0, altezza - 3);
+                    segno = 'L';
+                }
+            s << "Z\"/>\n";
+        }
+    return pannello("#8c1526", "#8c1526", s.str());
 }

@@ -6,4 +6,4 @@
 #include <string>
 
 std::string dorso_losanghe();  // first deck: blue, a lattice of lozenges
-std::string dorso_scaglie();   // second deck: red, rows of scales
+std::string dorso_fiamme();    // second deck: red, the zigzag of flame stitch

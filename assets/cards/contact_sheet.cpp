@@ -60,28 +60,31 @@ QImage scelta(QStringList const& carte, int larga)
     return i;
 }
 
-// One suit in a row, the backs behind the last two.
+// The deck as a block of four rows, one a suit, with the backs behind the first two.
+void blocco(QPainter& p, int x, int y, int larga, int bordo)
+{
+    for (int k = 0; k < 54; ++k) {
+        int const colonna = k < 52 ? k % 13 : 13, riga = k < 52 ? k / 13 : k - 52;
+        disegna(p, nome(k + 1), x + colonna * (larga + bordo), y + riga * (alta(larga) + bordo), larga);
+    }
+}
+
 QImage tutte()
 {
-    int const bordo = 6, grandi = 13 * (200 + bordo) + bordo;
-    int y = bordo;
-    QImage i = foglio(grandi, 10 * (alta(200) + bordo));
+    constexpr int bordo = 8;
+    QImage i =
+        foglio(bordo + 14 * (200 + bordo), 2 * bordo + 4 * (alta(200) + bordo) + 4 * (alta(96) + bordo));
     QPainter p(&i);
-    for (int const larga : {200, 96, 60}) {
-        int const per_riga = larga == 200 ? 13 : larga == 96 ? 27 : 27;
-        for (int k = 0; k < 54; ++k) {
-            int const passo = larga == 60 ? 66 : larga + bordo;
-            if (k && k % per_riga == 0)
-                y += alta(larga) + bordo;
-            disegna(p, nome(k + 1), bordo + k % per_riga * passo, y, larga);
-        }
-        y += alta(larga) + 2 * bordo;
-    }
-    // Each card covered but for its left fifth.
+    blocco(p, bordo, bordo, 200, bordo);
+    int const sotto = 2 * bordo + 4 * (alta(200) + bordo), accanto = 2 * bordo + 14 * (96 + bordo);
+    blocco(p, bordo, sotto, 96, bordo);
+    blocco(p, accanto, sotto, 60, bordo);
+    // Melds as they lie on a small screen: each card covered but for its left fifth.
     for (int seme = 0; seme < 4; ++seme)
         for (int k = 0; k < 13; ++k)
-            disegna(p, nome(13 * seme + k + 1), bordo + seme * 240 + 12 * k, y, 61);
-    return i.copy(0, 0, grandi, y + alta(61) + bordo);
+            disegna(p, nome(13 * seme + k + 1), accanto + seme * 230 + 12 * k,
+                    sotto + 4 * (alta(60) + bordo) + bordo, 61);
+    return i;
 }
 
 void altri_occhi(QImage& i, QByteArray const& colori)
@@ -121,5 +124,5 @@ int main(int argc, char** argv)
     QImage i = a.size() == 2 ? tutte() : scelta(a.mid(3), std::max(1, a[2].toInt()));
     if (QByteArray const colori = qgetenv("COLOURS"); !colori.isEmpty())
         altri_occhi(i, colori);
-    return i.save(a[1]) ? 0 : 1;
+    return i.convertToFormat(QImage::Format_RGB888).save(a[1]) ? 0 : 1;
 }

@@ -165,8 +165,7 @@ constexpr std::string_view cornice =
 
 Testo figura(Disegni const& disegni, Testo const& rango, int numero, Seme const& seme)
 {
-    constexpr std::string_view penna =
-        " stroke=\"@nero\" stroke-width=\".9\" stroke-linejoin=\"round\" stroke-linecap=\"round\"";
+    constexpr std::string_view penna = " stroke=\"@nero\" stroke-width=\".9\" stroke-linecap=\"round\"";
     return unisci(base(), "<path fill=\"@fondo\" d=\"", cornice, "\"/>\n",
                   due_teste("meta", disegni.leggi(unisci(rango, '_', seme.nome)), penna), "<g", penna, ">\n",
                   disegni.leggi(unisci("fascia_", seme.nome)), "</g>\n",
@@ -205,7 +204,7 @@ try {
             scrivi(uscita / unisci("carta", codice < 10 ? "0" : "", codice, ".svg"), foglio(disegni, carta));
         }
     scrivi(uscita / "dorso0.svg", foglio(disegni, base() + dorso_losanghe()));
-    scrivi(uscita / "dorso1.svg", foglio(disegni, base() + dorso_scaglie()));
+    scrivi(uscita / "dorso1.svg", foglio(disegni, base() + dorso_fiamme()));
 } catch (std::exception const& e) {
     std::cerr << e.what() << '\n';
     return 1;
