@@ -19,12 +19,11 @@ constexpr double xc = larghezza / 2, yc = altezza / 2;
 std::string pannello(std::string_view fondo, std::string_view filo, std::string const& disegno)
 {
     std::ostringstream s;
-    s << "<path fill=\"" << fondo << "\" d=\"M5 5H91V148H5Z\"/>\n"
-      << disegno
-      << "<path fill=\"@carta\" fill-rule=\"evenodd\" d=\"M6 1H90Q95 1 95 6V147Q95 152 90 152H6Q1 152 1 147V6"
-         "Q1 1 6 1ZM8.5 6Q6 6 6 8.5V144.5Q6 147 8.5 147H87.5Q90 147 90 144.5V8.5Q90 6 87.5 6Z\"/>\n"
-      << "<rect x=\"4.2\" y=\"4.2\" width=\"87.6\" height=\"144.6\" rx=\"3.6\" fill=\"none\" stroke=\""
-      << filo << "\" stroke-width=\".8\"/>\n";
+    s << "<path fill='" << fondo << "' d='M5 5H91V148H5Z'/>\n"
+      << disegno << "<path fill='@carta' fill-rule='evenodd' d='" << interno
+      << "M8.5 6Q6 6 6 8.5V144.5Q6 147 8.5 147H87.5Q90 147 90 144.5V8.5Q90 6 87.5 6Z'/>\n"
+      << "<rect x='4.2' y='4.2' width='87.6' height='144.6' rx='3.6' fill='none' stroke='" << filo
+      << "' stroke-width='.8'/>\n";
     return s.str();
 }
 
@@ -59,8 +58,8 @@ std::string dorso_losanghe()
             if (std::hypot(x, y) > tondo + cuore.h)
                 losanga(cuori, xc + x, yc + y, cuore);
         }
-        s << "<path fill=\"#34599c\" d=\"" << campo.str() << "\"/>\n<path fill=\"@avorio\" d=\""
-          << cuori.str() << "\"/>\n";
+        s << "<path fill='@cobalto' d='" << campo.str() << "'/>\n<path fill='@avorio' d='" << cuori.str()
+          << "'/>\n";
     }
 
     // The star of the medallion: eight rays, one half of each in the light.
@@ -75,11 +74,11 @@ std::string dorso_losanghe()
         meta(chiara, -1);
         meta(scura, 1);
     }
-    s << "<circle cx=\"48\" cy=\"76.5\" r=\"" << tondo << "\" fill=\"@avorio\"/>\n"
-      << "<circle cx=\"48\" cy=\"76.5\" r=\"" << tondo - 1.6 << "\" fill=\"#16295a\"/>\n"
-      << "<path fill=\"@avorio\" d=\"" << chiara.str() << "\"/>\n<path fill=\"@celeste\" d=\"" << scura.str()
-      << "\"/>\n";
-    return pannello("#16295a", "#16295a", s.str());
+    s << "<circle cx='48' cy='76.5' r='" << tondo << "' fill='@avorio'/>\n"
+      << "<circle cx='48' cy='76.5' r='" << tondo - 1.6 << "' fill='@notte'/>\n"
+      << "<path fill='@avorio' d='" << chiara.str() << "'/>\n<path fill='@celeste' d='" << scura.str()
+      << "'/>\n";
+    return pannello("@notte", "@notte", s.str());
 }
 
 std::string dorso_fiamme()
@@ -95,9 +94,9 @@ std::string dorso_fiamme()
 
     // A flame is a broad band with narrower ones upon it.
     std::ostringstream s;
-    for (auto const& [tinta, mezza] : {std::pair{"#b8323a", 10.0}, {"#e58f6c", 6.0}, {"#fbe9cf", 2.0}})
+    for (auto const& [tinta, mezza] : {std::pair{"@rosso", 10.0}, {"@corallo", 6.0}, {"@avorio", 2.0}})
         for (int r = -fiamme - 1; r <= fiamme + 1; ++r) {
-            s << "<path fill=\"" << tinta << "\" d=\"";
+            s << "<path fill='" << tinta << "' d='";
             char segno = 'M';
             for (int verso : {1, -1})
                 for (int i = -punte; i < punte; ++i) {
@@ -106,7 +105,7 @@ std::string dorso_fiamme()
                     s << segno << xc + (k + .5) * fra_punte << ' ' << std::clamp(y, 3.0, altezza - 3);
                     segno = 'L';
                 }
-            s << "Z\"/>\n";
+            s << "Z'/>\n";
         }
-    return pannello("#8c1526", "#8c1526", s.str());
+    return pannello("@granata", "@granata", s.str());
 }

@@ -124,5 +124,5 @@ int main(int argc, char** argv)
     QImage i = a.size() == 2 ? tutte() : scelta(a.mid(3), std::max(1, a[2].toInt()));
     if (QByteArray const colori = qgetenv("COLOURS"); !colori.isEmpty())
         altri_occhi(i, colori);
-    return i.convertToFormat(QImage::Format_RGB888).save(a[1]) ? 0 : 1;
+    return i.convertToFormat(QImage::Format_RGB888).save(a[1], "PNG", 0) ? 0 : 1;
 }

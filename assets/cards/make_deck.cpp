@@ -7,6 +7,7 @@
 #include "backs.h"
 #include "shapes.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -30,6 +31,7 @@ constexpr double y_indice = 5.5;
 constexpr double y_seme_indice = 36;
 constexpr double scala_seme_indice = 0.74;
 constexpr double scala_pip = 1.03;
+constexpr double scala_asso = 2.7;
 
 template <class... A>
 Testo unisci(A const&... a)
@@ -41,14 +43,14 @@ Testo unisci(A const&... a)
 
 Testo usa(std::string_view nome, double x, double y, double scala, bool capovolto = false)
 {
-    return unisci("<use xlink:href=\"#", nome, "\" transform=\"translate(", x, ' ', y, ") ",
-                  capovolto ? "rotate(180) " : "", "scale(", scala, ")\"/>\n");
+    return unisci("<use xlink:href='#", nome, "' transform='translate(", x, ' ', y, ") ",
+                  capovolto ? "rotate(180) " : "", "scale(", scala, ")'/>\n");
 }
 
 Testo due_teste(std::string_view nome, Testo const& meta, std::string_view stile = "")
 {
-    return unisci("<g id=\"", nome, "\"", stile, ">\n", meta, "</g>\n<use xlink:href=\"#", nome,
-                  "\" transform=\"", mezzo_giro, "\"/>\n");
+    return unisci("<g id='", nome, "'", stile, ">\n", meta, "</g>\n<use xlink:href='#", nome, "' transform='",
+                  mezzo_giro, "'/>\n");
 }
 
 // The drawings, and what other drawings they refer to.
@@ -96,8 +98,8 @@ class Disegni {
     {
         for (Seme const& s : semi)
             if (s.nome == nome)
-                return unisci("<path id=\"", nome, "\" d=\"", s.sagoma, "\"/>\n");
-        return unisci("<g id=\"", nome, "\">\n", leggi(nome), "</g>\n");
+                return unisci("<path id='", nome, "' d='", s.sagoma, "'/>\n");
+        return unisci("<g id='", nome, "'>\n", leggi(nome), "</g>\n");
     }
 
     fs::path cartella_;
@@ -113,33 +115,40 @@ Testo con_colori(Testo s)
     return s;
 }
 
-Testo foglio(Disegni const& disegni, Testo const& contenuto)
+// The source text writes quotes as apostrophes, for the eye's sake.
+Testo con_virgolette(Testo s)
 {
-    Testo const d = disegni.definizioni(contenuto);
-    return con_colori(unisci(licenza,
-                             "<svg xmlns=\"http://www.w3.org/2000/svg\" "
-                             "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.2\" "
-                             "baseProfile=\"tiny\" width=\"96\" height=\"153\" viewBox=\"0 0 96 153\">\n",
-                             d.empty() ? "" : unisci("<defs>\n", d, "</defs>\n"), contenuto, "</svg>\n"));
+    std::replace(s.begin(), s.end(), '\'', '"');
+    return s;
 }
 
-constexpr std::string_view rettangolo = "x=\".5\" y=\".5\" width=\"95\" height=\"152\" rx=\"5.5\"";
+Testo foglio(Disegni const& disegni, Testo const& contenuto)
+{
+    Testo const c = con_virgolette(contenuto), d = con_virgolette(disegni.definizioni(c));
+    return con_colori(unisci(
+        licenza,
+        R"(<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" version="1.2")"
+        R"( baseProfile="tiny" width="96" height="153" viewBox="0 0 96 153">)",
+        '\n', d.empty() ? "" : unisci("<defs>\n", d, "</defs>\n"), c, "</svg>\n"));
+}
+
+constexpr std::string_view rettangolo = "x='.5' y='.5' width='95' height='152' rx='5.5'";
 
 Testo base()
 {
-    return unisci("<rect ", rettangolo, " fill=\"@carta\" stroke=\"@bordo\"/>\n");
+    return unisci("<rect ", rettangolo, " fill='@carta' stroke='@bordo'/>\n");
 }
 
 Testo indice(int numero, Seme const& seme)
 {
     Glifo const& g = glifi[static_cast<std::size_t>(numero - 1)];
     Testo const tratti = unisci(
-        "<path stroke-width=\"", peso_asta, "\" d=\"", g.asta, "\"/>\n",
-        g.grazia.empty() ? "" : unisci("<path stroke-width=\"", peso_grazia, "\" d=\"", g.grazia, "\"/>\n"));
+        "<path stroke-width='", peso_asta, "' d='", g.asta, "'/>\n",
+        g.grazia.empty() ? "" : unisci("<path stroke-width='", peso_grazia, "' d='", g.grazia, "'/>\n"));
     bool const nove = numero == 9;
-    return unisci("<g fill=\"none\" stroke=\"@", seme.nome, "\" transform=\"translate(", x_indice, ' ',
-                  nove ? y_indice + 20 : y_indice, nove ? ") rotate(180)\">\n" : ")\">\n", tratti,
-                  "</g>\n<g fill=\"@", seme.nome, "\">\n",
+    return unisci("<g fill='none' stroke='@", seme.nome, "' transform='translate(", x_indice, ' ',
+                  nove ? y_indice + 20 : y_indice, nove ? ") rotate(180)'>\n" : ")'>\n", tratti,
+                  "</g>\n<g fill='@", seme.nome, "'>\n",
                   usa(seme.nome, x_indice, y_seme_indice, scala_seme_indice), "</g>\n");
 }
 
@@ -148,31 +157,36 @@ Testo carta_numerale(int numero, Seme const& seme)
     Testo pip;
     for (Posto const p : posti[static_cast<std::size_t>(numero - 2)])
         pip += usa(seme.nome, x_pip(p), y_pip(p), scala_pip, capovolto(p));
-    return unisci(base(), due_teste("indice", indice(numero, seme)), "<g id=\"pip\" fill=\"@", seme.nome,
-                  "\">\n", pip, "</g>\n");
+    return unisci(base(), due_teste("indice", indice(numero, seme)), "<g id='pip' fill='@", seme.nome, "'>\n",
+                  pip, "</g>\n");
 }
 
+// One large pip with a line around it, and the drawing of its ornament upon it.
 Testo asso(Disegni const& disegni, Seme const& seme)
 {
-    return unisci(base(), due_teste("indice", indice(1, seme)), disegni.leggi(unisci("asso_", seme.nome)));
+    auto const pip = [&](std::string_view tinta, double tratto) {
+        return unisci("<g stroke='@", tinta, "' stroke-width='", tratto, "'>\n",
+                      usa(seme.nome, larghezza / 2, altezza / 2, scala_asso), "</g>\n");
+    };
+    return unisci(base(), due_teste("indice", indice(1, seme)), "<g fill='@", seme.nome, "'>\n",
+                  pip(seme.nome, 3), pip("carta", 2.1),
+                  usa(seme.nome, larghezza / 2, altezza / 2, scala_asso), "</g>\n",
+                  disegni.leggi(unisci("asso_", seme.nome)));
 }
 
 // The frame of a figure is cut out around the two indices. The mat around it hides what a drawing lets
 // stand over, so that a figure may run into the frame.
 constexpr std::string_view cornice =
-    "M21.5 6H86.5Q87 9 90 9.5V103.5H78Q74.5 103.5 74.5 107V147H9.5Q9 144 6 143.5V49.5H18Q21.5 "
-    "49.5 21.5 46Z";
+    "M21.5 6H86.5Q87 9 90 9.5V103.5H78Q74.5 103.5 74.5 107V147H9.5Q9 144 6 143.5V49.5H18Q21.5 49.5 21.5 46Z";
 
 Testo figura(Disegni const& disegni, Testo const& rango, int numero, Seme const& seme)
 {
-    constexpr std::string_view penna = " stroke=\"@nero\" stroke-width=\".9\" stroke-linecap=\"round\"";
-    return unisci(base(), "<path fill=\"@fondo\" d=\"", cornice, "\"/>\n",
+    constexpr std::string_view penna = " stroke='@nero' stroke-width='.9' stroke-linecap='round'";
+    return unisci(base(), "<path fill='@fondo' d='", cornice, "'/>\n",
                   due_teste("meta", disegni.leggi(unisci(rango, '_', seme.nome)), penna), "<g", penna, ">\n",
                   disegni.leggi(unisci("fascia_", seme.nome)), "</g>\n",
-                  "<path fill=\"@carta\" fill-rule=\"evenodd\" d=\"M6 1H90Q95 1 95 6V147Q95 152 90 152H6Q1 "
-                  "152 1 147V6Q1 1 6 1Z",
-                  cornice, "\"/>\n<path fill=\"none\"", penna, " d=\"", cornice, "\"/>\n",
-                  due_teste("indice", indice(numero, seme)));
+                  "<path fill='@carta' fill-rule='evenodd' d='", interno, cornice, "'/>\n<path fill='none'",
+                  penna, " d='", cornice, "'/>\n", due_teste("indice", indice(numero, seme)));
 }
 
 void scrivi(fs::path const& file, Testo const& testo)

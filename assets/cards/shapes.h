@@ -11,6 +11,9 @@
 inline constexpr double larghezza = 96;
 inline constexpr double altezza = 153;
 
+// The card within its outline, to lay a mat over what runs out of a frame.
+inline constexpr std::string_view interno = "M6 1H90Q95 1 95 6V147Q95 152 90 152H6Q1 152 1 147V6Q1 1 6 1Z";
+
 struct Colore {
     std::string_view nome;  // how drawings call it: fill="@rosso"
     std::string_view valore;
@@ -37,6 +40,10 @@ inline constexpr std::array colori{
     Colore{"grigio", "#c9c6bd"},   // steel, grey hair
     Colore{"carne", "#f8dcbd"},    // skin, and the half of a face that lies in the shade
     Colore{"ombra", "#e3b48c"},    //
+    Colore{"notte", "#16295a"},    // the blue back
+    Colore{"cobalto", "#34599c"},  //
+    Colore{"granata", "#8c1526"},  // the red back
+    Colore{"corallo", "#e58f6c"},  //
 };
 
 // A suit's shape around (0, 0), about 19 wide and 20 high, standing upright.
