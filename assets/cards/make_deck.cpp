@@ -3,6 +3,10 @@
 // Writes the pictures of the deck: make_deck DRAWINGS OUT
 // DRAWINGS holds the SVG fragments of the figures and Aces; in OUT carta01.svg .. carta52.svg, dorso0.svg
 // and dorso1.svg are left. The same drawings always give the same bytes.
+//
+// A fragment holds the upper half of a figure in card units. Its fill="@oro" is a colour of shapes.h, and
+// its href="#pugno" brings along the suit or the fragment pugno.svg, which bring along what they need.
+// A figure ends below in the line of its sash, which hides the seam of the two halves.
 
 #include "backs.h"
 #include "shapes.h"
