@@ -4,65 +4,71 @@
 namespace {
 
 constexpr std::string_view regole =
-    R"(Di solito si gioca in quattro, due coppie, con
-2 mazzi di 52 carte francesi; SollevinoDue è una
-versione per due soli giocatori. Il cartaro dà a
-ciascuno 13 carte coperte, mette al centro il
-resto del mazzo, il Tallone, e scopre la prima
-carta, con cui inizia il Pozzo.
+    R"(Il gioco si fa di norma in quattro, fra due
+coppie di giocatori, con 2 mazzi di 52 carte
+francesi; SollevinoDue ne è una versione per due
+soli giocatori. Il cartaro distribuisce a
+ciascuno 13 carte coperte; il resto del mazzo, il
+Tallone, va al centro del tavolo e se ne scopre
+la prima carta, con la quale comincia il Pozzo.
 
-Al suo turno il giocatore pesca una carta dal
-mazzo o dal Pozzo, la mette in mano, può calare
-una o più combinazioni e infine scarta una carta
-scoperta.
+Quando è di turno, un giocatore pesca una carta
+dal mazzo oppure dal Pozzo e la mette in mano;
+poi, se può e se vuole, cala sul tavolo una o più
+combinazioni; infine scarta una carta, scoperta,
+sopra il Pozzo.
 
 I giocatori formano combinazioni da calare sul
-tavolo, o da attaccare a quelle già calate, per
-liberarsi delle loro carte; lo scopo è fare più
-punti possibile con le carte e le combinazioni
-di maggior valore.
+tavolo, o attaccano carte a quelle che hanno già
+calato, per liberarsi delle proprie carte. Lo
+scopo è fare più punti possibile, con le carte e
+le combinazioni di maggior valore.
 
-Chi ha in mano delle combinazioni può calarle
-quando vuole, anche al primo turno.
+Il giocatore che ha in mano delle combinazioni
+può calarle quando vuole: non deve aspettare, e
+può farlo anche al primo turno.
 
-La mano finisce quando un giocatore ha chiuso,
-cioè non ha più carte in mano. Egli conta i punti
-delle sue carte sul tavolo; l'avversario conta i
-punti delle sue carte sul tavolo e ne toglie i
-punti delle carte in mano.
+La mano finisce quando uno dei giocatori ha
+chiuso, cioè non ha più carte in mano. Chi ha
+chiuso conta i punti delle sue carte sul tavolo;
+l'avversario conta i punti delle sue carte sul
+tavolo e ne toglie quelli delle carte che gli
+sono rimaste in mano.
 
-Si può anche chiudere in mano, formando con le
-13 carte delle combinazioni e calandole in un
-colpo solo. Allora si raddoppiano i punti delle
-carte messe sul tavolo e se ne hanno altri 200.
-L'avversario che ha aperto conta normalmente; se
-non ha aperto paga una penalità di 200 punti.
+Si può anche chiudere in mano, cioè formare le
+combinazioni con le 13 carte e calarle tutte in
+un colpo solo. In questo caso egli raddoppia i
+punti delle carte che ha messo sul tavolo e ne
+riceve altri 200. L'avversario che ha già aperto
+conta normalmente; quello che non ha aperto paga
+una penalità di 200 punti.
 
-Vince la coppia che per prima raggiunge i 1500
-punti.
+Vince il gioco la coppia che per prima raggiunge
+i 1500 punti.
 
-LE COMBINAZIONI
+Le combinazioni sono:
 Tris: 3 carte di uguale valore e seme diverso.
 Scala: 3 o più carte di un seme in sequenza.
 Poker: 4 carte di uguale valore e seme diverso.
 Sollevino: scala di 7 o più carte di un seme.
-Sollevinone: scala di 14 carte di un seme,
+Sollevinone: scala di 14 carte di un solo seme,
 dall'Asso all'Asso.
 
-I VALORI
-Dal 2 al 5: 5 punti.
-Dal 6 al Re: 10 punti.
+I valori sono:
+Carte dal 2 al 5: 5 punti ciascuna.
+Carte dal 6 al Re: 10 punti ciascuna.
 Asso: 15 punti.
 Poker dal 2 al 5: 40 punti.
 Poker dal 6 al Re: 80 punti.
-Poker d'Assi: 120 punti.
-Sollevino: il doppio del valore totale delle sue
-carte.
+Poker di Assi: 120 punti.
+Sollevino: il doppio del valore totale delle
+carte che lo compongono.
 Sollevinone: 600 punti.
 
-La tabella finale riporta, per ogni partita, i
-punti fatti con le combinazioni e quelli delle
-carte rimaste in mano.)";
+Nella tabella finale si leggono, per ogni partita
+e per ciascun giocatore, i punti fatti con le
+combinazioni e quelli delle carte rimaste in
+mano.)";
 
 constexpr std::string_view aiuto =
     R"(-Tasto sinistro del Mouse:
