@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr Single bordo_testo = 4;  // free at the right edge of the table, grid units
+
 QColor qt_colour(Colore c)
 {
     return {c.rosso, c.verde, c.blu};
@@ -77,7 +79,7 @@ void SurfacePainter::text(Mark const& mark)
     int const x = scale_.x(mark.box.x1);
     double const baseline = font.pixelSize() * metrics.ascent() / (metrics.ascent() + metrics.descent());
     double const right = std::max(metrics.horizontalAdvance(words), metrics.boundingRect(words).right());
-    double const room = (size_.width() - x) / text_scale_;
+    double const room = (scale_.x(griglia_x - bordo_testo) - x) / text_scale_;
     double const fit = right > room && room > 0 ? text_scale_ * room / right : text_scale_;
 
     painter_.save();

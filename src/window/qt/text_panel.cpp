@@ -25,6 +25,7 @@ TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setCursor(Qt::ArrowCursor);
+    setFocusPolicy(Qt::StrongFocus);
     setWidget(label_);
 }
 

@@ -24,6 +24,7 @@ class TextPanel : public QScrollArea {
     void place(QRect box, int bottom);
 
   protected:
+    void showEvent(QShowEvent*) override { setFocus(); }  // the keyboard scrolls it
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
 

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTime>
@@ -17,6 +18,16 @@ QString qt_text(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// The text alone, on a box wide enough for its title.
+struct Question : QMessageBox {
+    Question(std::string_view testo, QWidget* parent)
+        : QMessageBox(NoIcon, qt_text(nome_programma), qt_text(testo), NoButton, parent)
+    {
+        if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+            label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 36);
+    }
+};
 
 }  // namespace
 
@@ -75,7 +86,7 @@ void message_box(std::string_view testo)
     auto* const w = MainWindow::current();
     if (!w)
         return;
-    QMessageBox box(QMessageBox::NoIcon, qt_text(nome_programma), qt_text(testo), QMessageBox::NoButton, w);
+    Question box(testo, w);
     box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
     box.exec();
     wake_game();  // what came while the box was open woke nobody
@@ -86,7 +97,7 @@ bool ask_yes_no(std::string_view testo)
     auto* const w = MainWindow::current();
     if (!w)
         return false;
-    QMessageBox box(QMessageBox::NoIcon, qt_text(nome_programma), qt_text(testo), QMessageBox::NoButton, w);
+    Question box(testo, w);
     auto* const yes = box.addButton(QStringLiteral("&Sì"), QMessageBox::YesRole);
     auto* const no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
     box.setDefaultButton(yes);
