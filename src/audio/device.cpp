@@ -227,7 +227,7 @@ struct Control {
 };
 
 Control controls[2];
-std::shared_ptr<Desk> the_desk;  // null: not started
+std::shared_ptr<Desk> the_desk = std::make_shared<Desk>();  // null: stopped
 std::thread worker;
 std::future<void> worker_left;
 
@@ -310,7 +310,8 @@ void device_rewind(Device d)
 
 void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int)> done)
 {
-    the_desk = std::make_shared<Desk>();
+    if (!the_desk)
+        the_desk = std::make_shared<Desk>();
     the_desk->post = std::move(post);
     the_desk->done = std::move(done);
     std::packaged_task<void()> task([d = the_desk] { work(d); });
@@ -320,7 +321,7 @@ void start_devices(std::function<void(std::function<void()>)> post, std::functio
 
 void stop_devices()
 {
-    if (!the_desk)
+    if (!worker.joinable())
         return;
     {
         std::lock_guard const lock(the_desk->mutex);

@@ -9,8 +9,8 @@
 //
 // Every procedure here belongs to the game's thread and returns at once; the work is done by a thread of the
 // devices. Nothing is ever reported: a missing or broken file, a machine without a sound device and a sound
-// server that goes away are silence. Before start_devices and after stop_devices the device_ procedures only
-// keep their books.
+// server that goes away are silence. What is asked before start_devices is done when they start; after
+// stop_devices the device_ procedures only keep their books.
 enum class Device { music, effects };
 
 // Full path for the next device_open. What is open stays as it is.
