@@ -19,10 +19,7 @@ QString picture_path(Figura figura)
 
 }  // namespace
 
-CardPixmaps::CardPixmaps() : pixmaps_(max_bytes)
-{
-    init_card_pictures();
-}
+CardPixmaps::CardPixmaps() : pixmaps_(max_bytes) { init_card_pictures(); }
 
 QPixmap CardPixmaps::get(Figura figura, QSize size)
 {

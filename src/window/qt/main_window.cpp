@@ -26,6 +26,7 @@ QString qt_text(std::string_view text)
 
 void prepare_application()
 {
+    QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication::setApplicationName(QStringLiteral("sollevinodue"));
     QGuiApplication::setDesktopFileName(QStringLiteral("sollevinodue"));
     QFont::insertSubstitution(QStringLiteral("Brush Script MT"), QStringLiteral("Kaushan Script"));
@@ -33,10 +34,7 @@ void prepare_application()
     QFont::insertSubstitution(QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"));
 }
 
-MainWindow* MainWindow::current()
-{
-    return the_window;
-}
+MainWindow* MainWindow::current() { return the_window; }
 
 MainWindow::MainWindow() : table_(new TableView(this))
 {
@@ -102,10 +100,7 @@ void MainWindow::open()
     showMaximized();
 }
 
-void MainWindow::start_timer(int milliseconds)
-{
-    timer_.start(qRound(milliseconds * time_factor_));
-}
+void MainWindow::start_timer(int milliseconds) { timer_.start(qRound(milliseconds * time_factor_)); }
 
 void MainWindow::wake_game()
 {

@@ -47,5 +47,5 @@ class MainWindow : public QMainWindow {
     bool wake_posted_ = false;
 };
 
-// Before the first window: how the program is called and which fonts stand for those of the game.
+// Before the application: how the program is called, where its menus are and which fonts stand for the game's.
 void prepare_application();

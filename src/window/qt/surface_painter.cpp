@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/qt/surface_painter.h"
 
+#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <map>
 
@@ -8,9 +9,13 @@ namespace {
 
 constexpr Single bordo_testo = 4;  // free at the right edge of the table, grid units
 
-QColor qt_colour(Colore c)
+QColor qt_colour(Colore c) { return {c.rosso, c.verde, c.blu}; }
+
+// The family of that name or the one that stands for it. Asking for one that is not there makes Qt look
+// through all fonts, which is felt at the start.
+QString installed_family(QString const& name)
 {
-    return {c.rosso, c.verde, c.blu};
+    return QFontDatabase::hasFamily(name) ? name : QFont::substitute(name);
 }
 
 }  // namespace
@@ -22,11 +27,12 @@ QFont const& large_font(Font const& font)
     auto const [at, is_new] = known.try_emplace({font.nome, size});
     if (is_new) {
         QFont& f = at->second;
-        f.setFamilies({QString::fromStdString(font.nome)});
+        f.setFamily(installed_family(QString::fromStdString(font.nome)));
         f.setPixelSize(size);
         f.setBold(true);
         f.setHintingPreference(QFont::PreferNoHinting);
         f.setKerning(false);
+        f.setStyleStrategy(QFont::NoFontMerging);
     }
     return at->second;
 }
@@ -38,10 +44,7 @@ SurfacePainter::SurfacePainter(QPainter& painter, QSize size, double ratio, Pict
 {
 }
 
-void SurfacePainter::background()
-{
-    painter_.fillRect(QRect({0, 0}, size_), qt_colour(Surface::background));
-}
+void SurfacePainter::background() { painter_.fillRect(QRect({0, 0}, size_), qt_colour(Surface::background)); }
 
 void SurfacePainter::mark(Mark const& mark)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/qt/table_view.h"
 
+#include "game/task.h"
 #include "human/pointer_input.h"
 #include "players/player_names.h"
 #include "window/help_pages.h"
@@ -53,10 +54,7 @@ TableView::TableView(QWidget* parent) : QWidget(parent)
     setCursor(Qt::ArrowCursor);
 }
 
-QSize TableView::device_size() const
-{
-    return {qRound(width() * ratio()), qRound(height() * ratio())};
-}
+QSize TableView::device_size() const { return {qRound(width() * ratio()), qRound(height() * ratio())}; }
 
 QPointF TableView::to_grid(QPointF where) const
 {
@@ -73,11 +71,31 @@ QRect TableView::to_widget(QRect const& device) const
 
 void TableView::repaint_box(Box const& box)
 {
+    if (opening_)
+        return;
     update(to_widget(GridScale(device_size()).rect(box).adjusted(-1, -1, 1, 1)));
+}
+
+// The window has its real size when it is first painted, and not for certain before. So the game begins here,
+// and the first picture is the opening page.
+void TableView::open_table()
+{
+    opening_ = true;
+    evento([this] {
+        client_size({width(), height()});
+        Form_Resize();
+        Form_Activate();
+    });
+    runner.resume();
+    opening_ = false;
+    open_ = true;
 }
 
 void TableView::paintEvent(QPaintEvent* event)
 {
+    if (!open_)
+        open_table();
+
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(1 / ratio(), 1 / ratio());
@@ -92,23 +110,6 @@ void TableView::paintEvent(QPaintEvent* event)
     for (Mark const& mark : superficie.marks())
         if (event->region().intersects(to_widget(surface.reach(mark))))
             surface.mark(mark);
-
-    if (!asked_to_open_) {
-        asked_to_open_ = true;
-        QMetaObject::invokeMethod(
-            this, [this] { open_table(); }, Qt::QueuedConnection);
-    }
-}
-
-// The first picture has been painted, so the window has its size: the game begins.
-void TableView::open_table()
-{
-    open_ = true;
-    evento([this] {
-        client_size({width(), height()});
-        Form_Resize();
-        Form_Activate();
-    });
 }
 
 void TableView::resizeEvent(QResizeEvent*)

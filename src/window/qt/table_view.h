@@ -29,7 +29,6 @@ class TableView : public QWidget {
 
   private:
     void open_table();
-    void tell_size();
     double ratio() const { return devicePixelRatioF(); }
     QSize device_size() const;
     QPointF to_grid(QPointF where) const;
@@ -41,5 +40,5 @@ class TableView : public QWidget {
     CardPixmaps pictures_;
     double pictures_ratio_ = 0;
     std::array<QWidget*, n_controlli> controls_{};  // made when they are first shown
-    bool asked_to_open_ = false, open_ = false;
+    bool opening_ = false, open_ = false;
 };

@@ -43,7 +43,4 @@ void TextPanel::place(QRect box, int bottom)
     setGeometry(box);
 }
 
-void TextPanel::mousePressEvent(QMouseEvent*)
-{
-    evento(click_);
-}
+void TextPanel::mousePressEvent(QMouseEvent*) { evento(click_); }

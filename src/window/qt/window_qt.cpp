@@ -46,10 +46,7 @@ Single text_width(std::string_view testo, Font const& font)
     return static_cast<Single>(points * static_cast<double>(pixels_per_point() * griglia_x) / width);
 }
 
-Single text_height(Font const& font)
-{
-    return points_to_grid(font.punti);
-}
+Single text_height(Font const& font) { return points_to_grid(font.punti); }
 
 void start_timer(int millisecondi)
 {
@@ -106,15 +103,9 @@ bool ask_yes_no(std::string_view testo)
     return box.clickedButton() == yes;
 }
 
-void beep()
-{
-    QApplication::beep();
-}
+void beep() { QApplication::beep(); }
 
-Single time_of_day()
-{
-    return static_cast<Single>(QTime::currentTime().msecsSinceStartOfDay()) / 1000;
-}
+Single time_of_day() { return static_cast<Single>(QTime::currentTime().msecsSinceStartOfDay()) / 1000; }
 
 void end_program()
 {
