@@ -121,8 +121,10 @@ TEST(Melds, AttachesFitTheEndsOfRunsAndTheMissingSuitOfSets)
         // An attach may close the gap to a neighbour.
         {"2H 3H 4H | 6H 7H 8H |", "5H", "2H 3H 4H 5H 6H 7H 8H |"},
     };
+    avvia_programma();
+    Single const x = x_calate(1);
     for (auto const& [calate, carta, esito] : attacchi)
-        EXPECT_EQ(attacca(calate, carta, x_calate(1)), esito) << calate << " with " << carta;
+        EXPECT_EQ(attacca(calate, carta, x), esito) << calate << " with " << carta;
 }
 
 // A tris and a run of four: the tris owns five steps, the run twelve, its own six and the tail's.

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "start.h"
+
+#include "audio/device.h"
+#include "audio/sound_music.h"
+#include "window/folders.h"
+#include "window/qt/main_window.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+#include <QTimer>
+
+namespace {
+
+constexpr int moment = 150;  // milliseconds, enough for the first picture
+
+std::filesystem::path path(QString const& text) { return text.toStdU16String(); }
+
+void start_sound(MainWindow* window)
+{
+    start_devices(
+        [window](std::function<void()> later) {
+            QMetaObject::invokeMethod(window, std::move(later), Qt::QueuedConnection);
+        },
+        [](int code) { evento([code] { MMC1_Done(code); }); });
+}
+
+}  // namespace
+
+void start_game(MainWindow& window)
+{
+    set_folders(path(QCoreApplication::applicationDirPath()),
+                path(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)));
+    window.open();
+    QTimer::singleShot(moment, &window, [&window] { start_sound(&window); });
+}
