@@ -140,10 +140,7 @@ Samples mix(Mixer& mixer, double seconds)
     return all;
 }
 
-void play(Mixer& mixer, std::string const& midi)
-{
-    mixer.play_tune(std::as_bytes(std::span(midi)));
-}
+void play(Mixer& mixer, std::string const& midi) { mixer.play_tune(std::as_bytes(std::span(midi))); }
 
 // Seconds until the end of the tune is told, or -1 if it is not within ten.
 double end_of_tune(Mixer& mixer)

@@ -33,6 +33,10 @@ class MainWindow : public QMainWindow {
     void wake_game();
     void end();
 
+    // The game is about to go on; it goes on when the timer fires.
+    bool busy() const { return wake_posted_; }
+    bool waiting() const { return timer_.isActive(); }
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
@@ -47,5 +51,6 @@ class MainWindow : public QMainWindow {
     bool wake_posted_ = false;
 };
 
-// Before the application: how the program is called, where its menus are and which fonts stand for the game's.
+// Before the application: how the program is called, where its menus are and which fonts stand for the
+// game's.
 void prepare_application();

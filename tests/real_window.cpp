@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The same person and the same helpers on the real window: what silent_window.h promises, done with mouse
+// presses, menu actions and Qt's own event loop. The waits are shortened to nothing; the sound devices are
+// not started.
+#include "real_window.h"
+
+#include "audio/sound_music.h"
+#include "game/match_loop.h"
+#include "game/table_state.h"
+#include "silent_window.h"
+#include "window/qt/main_window.h"
+#include "window/qt/table_view.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+SilentWindow finestra;
+
+namespace {
+
+std::unique_ptr<MainWindow> window;
+
+// Answers the message boxes, which hold up whoever opened them.
+void answer_boxes()
+{
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box)
+        return;
+    finestra.boxes.push_back(box->text().toStdString());
+    finestra.in_box();
+    auto const buttons = box->buttons();
+    auto const* const last = buttons.back();
+    for (auto* button : buttons)
+        if (box->buttonRole(button) == QMessageBox::NoRole ? !finestra.answer_yes
+                                                           : finestra.answer_yes || button == last)
+            return button->click();
+}
+
+}  // namespace
+
+MainWindow& real_window() { return *window; }
+void close_real_window() { window.reset(); }
+
+QPoint on_table(Single x, Single y)
+{
+    auto const& table = window->table();
+    return {static_cast<int>(x * static_cast<Single>(table.width()) / griglia_x),
+            static_cast<int>(y * static_cast<Single>(table.height()) / griglia_y)};
+}
+
+void settle()
+{
+    do
+        QCoreApplication::processEvents();
+    while (window->busy());
+}
+
+void avvia_programma(Pixels pixels)
+{
+    window.reset();
+    runner.clear();
+    finestra = {};
+    tavolo = {};
+    superficie = {};
+    reset_menus();
+    reset_form1();
+    window = std::make_unique<MainWindow>();
+    window->set_time_factor(0);
+    static QTimer boxes;
+    boxes.callOnTimeout(window.get(), answer_boxes);
+    boxes.start(0);
+    Form_Load();
+    window->resize(pixels.width, pixels.height + window->menuBar()->sizeHint().height());
+    window->show();
+    while (!tavolo.azione)
+        QCoreApplication::processEvents();
+}
+
+bool scatta_timer() { return false; }
+
+void fino_all_attesa(std::function<void()> const& after_wait)
+{
+    QCoreApplication::processEvents();
+    after_wait();
+    while (runner.alive() && (window->busy() || window->waiting())) {
+        QCoreApplication::processEvents();
+        after_wait();
+    }
+}
+
+void clic(int tasto, Single x, Single y)
+{
+    auto const button = tasto == 1 ? Qt::LeftButton : tasto == 2 ? Qt::RightButton : Qt::MiddleButton;
+    QTest::mousePress(&window->table(), button, {}, on_table(x, y));
+    settle();
+}
+
+void menu(Menu voce)
+{
+    window->entry(voce).trigger();
+    settle();
+}
