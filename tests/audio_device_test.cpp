@@ -213,6 +213,8 @@ TEST(Mixer, TellsTheEndAfterAPauseButNotACut)
     mixer.stop_tune();  // takes some milliseconds to die away
     EXPECT_LE(loudest(mix(mixer, 1), 0.012), silence);
     EXPECT_EQ(end_of_tune(mixer), -1);
+    play(mixer, tune({high}));
+    EXPECT_FALSE(hears(mix(mixer, 0.5), low_tone, 0.1));
 }
 
 TEST(Mixer, ABrokenTuneIsSilentAndHasNoEnd)
@@ -356,6 +358,14 @@ class Devices : public testing::Test {
         return !posted.empty();
     }
 
+    // While the game's loop stands still.
+    bool wait_for_the_end_to_be_posted()
+    {
+        for (int i = 0; i < 20'000 && !end_is_posted(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return end_is_posted();
+    }
+
     // What the file holds by now, in seconds and in full.
     double length() const
     {
@@ -426,6 +436,17 @@ TEST_F(Devices, ACutTuneIsSilentAndTellsNothing)
     device_play(Device::music);
     ASSERT_TRUE(run_to_the_end_of_the_tune());
     EXPECT_NEAR(duration(mixed(), high_tone), 0.5, 0.2);
+}
+
+TEST_F(Devices, AnEndOnItsWayIsDroppedWithANewChoice)
+{
+    open(Device::music, folder.write("short.mid", tune({low})));
+    device_play(Device::music);
+    ASSERT_TRUE(wait_for_the_end_to_be_posted());
+    open(Device::music, folder.write("long.mid", tune(std::vector<int>(1000, high))));
+    device_play(Device::music);
+    ASSERT_TRUE(run_until_heard(high_tone, 0.1));
+    EXPECT_TRUE(codes.empty());
 }
 
 TEST_F(Devices, AnEffectRingsOutWhenTheNextIsOpened)
@@ -509,8 +530,7 @@ TEST_F(Devices, LeavingCutsEverythingShort)
         open(Device::music, folder.write("a.mid", tune({low})));
         device_play(Device::music);
         ASSERT_TRUE(i != 1 || run_until_heard(low_tone, 0.1));
-        for (int wait = 0; i == 2 && wait < 30'000 && !end_is_posted(); ++wait)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        ASSERT_TRUE(i != 2 || wait_for_the_end_to_be_posted());
         stop_devices();
         EXPECT_EQ(end_is_posted(), i == 2);
         run_until([n = 0]() mutable { return ++n == 30; });
