@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/qt/main_window.h"
 
+#include "app_icon.h"
 #include "game/match_loop.h"
 #include "window/form1.h"
 #include "window/qt/table_view.h"
@@ -40,6 +41,7 @@ MainWindow::MainWindow() : table_(new TableView(this))
 {
     the_window = this;
     setWindowTitle(qt_text(titolo_finestra));
+    setWindowIcon(app_icon());
     setContextMenuPolicy(Qt::NoContextMenu);
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
