@@ -7,6 +7,7 @@
 #include "window/qt/main_window.h"
 
 #include <QApplication>
+#include <QLibrary>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -16,13 +17,26 @@ constexpr int moment = 150;  // milliseconds, enough for the first picture
 
 std::filesystem::path path(QString const& text) { return text.toStdU16String(); }
 
+// The player lies beside the executable, or where an installation keeps it. Without it the game is silent.
+std::unique_ptr<audio::Player> load_player(audio::Tell tell)
+{
+    QString const folder = QCoreApplication::applicationDirPath();
+    for (char const* place : {"/", "/../lib/sollevinodue/"}) {
+        QLibrary library(folder + QLatin1String(place) + QStringLiteral("sollevinodue-sound"));
+        if (auto* const make = library.resolve("sollevinodue_player"))
+            return std::unique_ptr<audio::Player>(
+                reinterpret_cast<decltype(&sollevinodue_player)>(make)(tell));
+    }
+    return nullptr;
+}
+
 void start_sound(MainWindow* window)
 {
     start_devices(
         [window](std::function<void()> later) {
             QMetaObject::invokeMethod(window, std::move(later), Qt::QueuedConnection);
         },
-        [](int code) { evento([code] { MMC1_Done(code); }); });
+        [](int code) { evento([code] { MMC1_Done(code); }); }, load_player);
 }
 
 }  // namespace

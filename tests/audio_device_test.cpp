@@ -313,7 +313,8 @@ class Devices : public testing::Test {
                 codes.push_back(code);
                 if (codes.size() == 1 && repeat)
                     play_again(Device::music);
-            });
+            },
+            [](audio::Tell tell) { return std::unique_ptr<audio::Player>(sollevinodue_player(tell)); });
     }
 
     // Rounds of the game's loop until something holds. False if it never does.

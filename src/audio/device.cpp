@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device.h"
 
-#include "mixer.h"
-#include "wave_file.h"
-
-#include <SDL.h>
-#include <alsa/asoundlib.h>
 #include <chrono>
 #include <condition_variable>
 #include <future>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -19,16 +13,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int device_frames = 512;  // 12 ms from a play to its sound
-constexpr std::uintmax_t largest_tune = 4 << 20;
 constexpr std::chrono::seconds longest_stop{2};
 
-void say_nothing(char const*, int, char const*, int, char const*, ...)
-{
-}
-
-// What the game's thread, the worker and SDL's thread share. The game's thread writes wishes, of which the
-// worker looks only at the latest: a flood of them costs one tune. Held by all of them, so that a worker
+// What the game's thread, the worker and the player's thread share. The game's thread writes wishes, of which
+// the worker looks only at the latest: a flood of them costs one tune. Held by all of them, so that a worker
 // which hangs in a sound server at the program's end may be left behind.
 struct Desk {
     std::mutex mutex;
@@ -42,6 +30,7 @@ struct Desk {
 
     std::function<void(std::function<void()>)> post;
     std::function<void(int)> done;
+    LoadPlayer load;
 
     void tell()
     {
@@ -53,137 +42,6 @@ struct Desk {
     }
 };
 
-// The sound device. Belongs to the worker; SDL's thread comes in through fill().
-class Output {
-  public:
-    explicit Output(Desk& desk) : desk_(desk) {}
-    Output(Output const&) = delete;
-    Output& operator=(Output const&) = delete;
-    ~Output()
-    {
-        close();
-        if (asked_)
-            SDL_Quit();
-    }
-
-    void play_tune(fs::path const& file)
-    {
-        with_mixer([](auto& mixer) { mixer.stop_tune(); });
-        auto const midi = audio::read_file(file, largest_tune);
-        if (midi.empty() || !open())
-            return;
-        if (!std::exchange(font_asked_, true))
-            mixer_.load_font();
-        with_mixer([&](auto& mixer) { mixer.play_tune(midi); });
-        SDL_PauseAudioDevice(device_, 0);
-    }
-
-    void stop_tune()
-    {
-        with_mixer([](auto& mixer) { mixer.stop_tune(); });
-    }
-
-    void play_sound(fs::path const& file)
-    {
-        if (!open())
-            return;
-        auto& sound = sounds_[file];
-        if (!sound)
-            sound = std::make_shared<audio::Samples const>(audio::load_wave(file));
-        with_mixer([&](auto& mixer) { mixer.play_sound(sound); });
-        SDL_PauseAudioDevice(device_, 0);
-    }
-
-    // Gives the device back after a silence. True once for each tune that has played to its end.
-    bool look()
-    {
-        bool ended = false, silent = false;
-        with_mixer([&](auto& mixer) {
-            ended = mixer.tune_ended();
-            silent = mixer.silent();
-            if (ended)
-                mixer.stop_tune();
-        });
-        ended = ended && !lost();
-        if (silent)
-            close();
-        return ended;
-    }
-
-  private:
-    // Sees to an open device. A machine without sound is asked once; a device that was lost, with its server
-    // for instance, is looked for at each play.
-    bool open()
-    {
-        if (lost())
-            close();
-        if (device_ || mute_)
-            return device_ != 0;
-        bool const first = !std::exchange(asked_, true);
-        if (first) {
-            snd_lib_error_set_handler(say_nothing);
-            SDL_LogSetOutputFunction(nullptr, nullptr);
-            SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-            SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "SollevinoDue");
-            if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-                mute_ = true;
-                return false;
-            }
-        }
-        SDL_AudioSpec spec{};
-        spec.freq = audio::rate;
-        spec.format = AUDIO_S16SYS;
-        spec.channels = 2;
-        spec.samples = device_frames;
-        spec.userdata = this;
-        spec.callback = [](void* self, Uint8* out, int bytes) {
-            static_cast<Output*>(self)->fill(out, bytes);
-        };
-        device_ = SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
-        mute_ = first && !device_;
-        return device_ != 0;
-    }
-
-    // SDL goes on asking for frames, which nobody hears.
-    bool lost() const { return device_ && SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
-
-    void close()
-    {
-        if (!device_)
-            return;
-        SDL_PauseAudioDevice(device_, 1);
-        SDL_CloseAudioDevice(std::exchange(device_, 0));
-    }
-
-    void fill(Uint8* out, int bytes)
-    {
-        bool const was_silent = mixer_.silent();
-        bool const had_ended = mixer_.tune_ended();
-        mixer_.mix({reinterpret_cast<std::int16_t*>(out), std::size_t(bytes) / sizeof(std::int16_t)});
-        if (mixer_.silent() != was_silent || mixer_.tune_ended() != had_ended)
-            desk_.tell();
-    }
-
-    // Keeps SDL's thread out for as long.
-    template <class F>
-    void with_mixer(F f)
-    {
-        if (device_)
-            SDL_LockAudioDevice(device_);
-        f(mixer_);
-        if (device_)
-            SDL_UnlockAudioDevice(device_);
-    }
-
-    Desk& desk_;
-    audio::Mixer mixer_;
-    std::map<fs::path, std::shared_ptr<audio::Samples const>> sounds_;
-    SDL_AudioDeviceID device_ = 0;
-    bool asked_ = false;
-    bool mute_ = false;  // there is no sound on this machine
-    bool font_asked_ = false;
-};
-
 // On the game's thread, some time after the end of a tune. `done` may start the next one.
 void report_end(Desk& desk, unsigned tune_number)
 {
@@ -193,7 +51,7 @@ void report_end(Desk& desk, unsigned tune_number)
 
 void work(std::shared_ptr<Desk> desk)
 {
-    Output output(*desk);
+    std::unique_ptr<audio::Player> player;
     unsigned playing = 0;
     for (;;) {
         std::unique_lock lock(desk->mutex);
@@ -206,12 +64,16 @@ void work(std::shared_ptr<Desk> desk)
         auto const sounds = std::exchange(desk->sounds, {});
         lock.unlock();
 
+        if (!player && desk->load && (!sounds.empty() || !tune.empty()))
+            player = std::exchange(desk->load, {})([d = desk.get()] { d->tell(); });
+        if (!player)
+            continue;
         for (auto const& sound : sounds)
-            output.play_sound(sound);
+            player->play_sound(sound);
         if (number != playing)
-            tune.empty() ? output.stop_tune() : output.play_tune(tune);
+            tune.empty() ? player->stop_tune() : player->play_tune(tune);
         playing = number;
-        if (output.look()) {
+        if (player->look()) {
             lock.lock();
             if (!desk->leaving)
                 desk->post([desk, playing] { report_end(*desk, playing); });
@@ -236,10 +98,7 @@ struct AtExit {
     ~AtExit() { stop_devices(); }
 } at_exit;
 
-Control& control(Device d)
-{
-    return controls[d == Device::music ? 0 : 1];
-}
+Control& control(Device d) { return controls[d == Device::music ? 0 : 1]; }
 
 template <class F>
 void wish(F f)
@@ -276,10 +135,7 @@ void play_sound(fs::path const& file)
 
 }  // namespace
 
-void device_file(Device d, fs::path const& file)
-{
-    control(d).file = file;
-}
+void device_file(Device d, fs::path const& file) { control(d).file = file; }
 
 void device_open(Device d)
 {
@@ -303,17 +159,16 @@ void device_play(Device d)
     d == Device::music ? play_tune(*c.opened) : play_sound(*c.opened);
 }
 
-void device_rewind(Device d)
-{
-    control(d).at_start = true;
-}
+void device_rewind(Device d) { control(d).at_start = true; }
 
-void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int)> done)
+void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int)> done,
+                   LoadPlayer load)
 {
     if (!the_desk)
         the_desk = std::make_shared<Desk>();
     the_desk->post = std::move(post);
     the_desk->done = std::move(done);
+    the_desk->load = std::move(load);
     std::packaged_task<void()> task([d = the_desk] { work(d); });
     worker_left = task.get_future();
     worker = std::thread(std::move(task));

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "audio/player.h"
+
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 // The two voices of the game: `music` (MMC1, the sequencer) plays MIDI files, `effects` (MMCw, the wave
 // player) plays wave files. They sound beside each other and beside the game.
@@ -34,7 +37,9 @@ void device_rewind(Device);
 // the open tune has played to its end and a breath of silence has followed; never for one that was cut,
 // broken or missing. The sound device is opened with the first device_play, the sound font with the first
 // tune.
-void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int code)> done);
+using LoadPlayer = std::function<std::unique_ptr<audio::Player>(audio::Tell)>;
+void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int code)> done,
+                   LoadPlayer load);
 
 // Silence at once, also within a tune or while the sound font is loading, and no `post` or `done` from here
 // on. Takes as long as closing the sound device, at most 2 s, whatever a sound server does.

@@ -13,10 +13,7 @@ namespace {
 constexpr int pause_between_tunes = rate * 3 / 2;
 constexpr int fade = rate / 100;  // a tune is cut within 10 ms, so that the cut does not crack
 
-constexpr std::size_t samples(int frames)
-{
-    return std::size_t(frames) * 2;
-}
+constexpr std::size_t samples(int frames) { return std::size_t(frames) * 2; }
 
 void write(fluid_synth_t* synth, std::span<std::int16_t> out)
 {
