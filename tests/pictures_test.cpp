@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A handful of tables as pictures, compared with those in tests/pictures. scripts/pictures writes them anew.
+#include "real_window.h"
+
+#include "at_the_table.h"
+#include "computer/hand_reading.h"
+#include "game/piles.h"
+#include "game/table_state.h"
+#include "melds/table_melds.h"
+#include "scoring/hand_scoring.h"
+#include "window/help_pages.h"
+#include "window/qt/main_window.h"
+#include "window/qt/table_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+
+namespace {
+
+constexpr Pixels common{1366, 708}, large{1920, 1020}, huge{3840, 2100};  // screens less title and menu bar
+
+std::string const hand =
+    "mano2 2H 3S KD 5C 9D QC AS 7D 4H 10C 8S 6H JD mano 7D' 10D 2D' 6S QS 2D 5S 8S' 2C QC' 5C' "
+    "QH 3S' pozzo AC tallone KC' 9H 2S";
+std::string const middle =
+    "mano2 2H 3S KD 5C 9D QC mano KH *10H *10S 8D *10C 4S AD 3H calate 5D 6D 7D 8D' | JH QH "
+    "KH' AH | 4C 4D' 4H | calate2 7S 8S 9S | KS KD' KC | pozzo 2C AC 6H tallone 9H' 2S";
+std::string const row =
+    "mano2 2H 3S mano AC 9S calate AS 2S 3S 4S 5S 6S | 10H 10D 10C 10S | JC QC KC | 8H 8D 8C | "
+    "2D 3D 4D 5D | calate2 QH QD QS | 6H 7H 8H' 9H 10H' JH KH' AH' | 3C 4C 5C | pozzo 9D tallone 7C";
+
+// A hand dealt on a window of that size, then the cards of the text in its place.
+void lay_out(Pixels size, std::string const& text)
+{
+    avvia_programma(size);
+    fino_all_attesa();
+    while (tavolo.azione == 7)
+        clic(1, 512, 384);
+    fino_all_attesa();
+    while (tavolo.turno != 1)
+        fino_all_attesa();
+    ASSERT_TRUE(leggi_tavolo(text + " turno 1 pescato 1 cartaro 2"));
+    disegno_dorsi();
+    mostra_pozzo();
+    mostra_tallone();
+    Box const strip{tavolo.centro_x - 200, tavolo.centro_y - 134 - tavolo.alt_carta, tavolo.centro_x + 200,
+                    tavolo.centro_y - 134};
+    superficie.fill_box(strip, colori::fascia);
+    superficie.fill_box({strip.x1, tavolo.centro_y + 114, strip.x2, tavolo.centro_y + 114 + tavolo.alt_carta},
+                        colori::fascia);
+    for (int p : {1, 2})
+        if (tavolo.n_calate(p) > 0)
+            calo_carte(p);
+    // The hand shows itself after each action: a card goes up and down again.
+    clic_mano(2, tavolo.n_carte(1));
+    clic_mano(2, tavolo.n_carte(1));
+}
+
+void opening(Pixels size)
+{
+    avvia_programma(size);
+    dipingi(dorsov(0), tavolo.centro_x - tavolo.larg_carta / 2, tavolo.centro_y - tavolo.alt_carta / 2);
+}
+
+void games(Pixels size)
+{
+    lay_out(size, "mano2 8H 3S KC mano AC 9S calate 5H 6H 7H | calate2 QH QD QS |");
+    tavolo.n_carte(1) = 0;
+    tavolo.n_game = 20;
+    for (int g = 1; g < 20; ++g)
+        for (int p : {1, 2}) {
+            tavolo.punti(p, g) =
+                (g * 37 + p * 85) % 23 == 5 ? -200 : (g * 45 + p * 30) % 210 + (g == 7 ? 650 : 0);
+            tavolo.penali(p, g) = (g + p) % 2 ? 0 : g * 25 % 90;
+            tavolo.totale(p) += tavolo.punti(p, g) - tavolo.penali(p, g);
+        }
+    superficie.font_name("Arial");
+    superficie.font_size(8);
+    scopro_carte();
+    runner.start(risultato());
+    wake_game();
+    while (runner.alive())
+        fino_all_attesa();
+}
+
+struct Scene {
+    char const* name;
+    std::vector<Pixels> sizes;
+    std::function<void(Pixels)> draw;
+};
+
+std::vector<Scene> const scenes = {
+    {"opening", {common, large}, opening},
+    {"dealt", {common, large, huge}, [](Pixels s) { lay_out(s, hand); }},
+    {"middle", {common, large, huge}, [](Pixels s) { lay_out(s, middle); }},
+    {"row", {common, large}, [](Pixels s) { lay_out(s, row); }},
+    {"games", {common, large, huge}, games},
+    {"rules", {common, large}, [](Pixels s) { lay_out(s, middle), istruzioni_Click(); }},
+    {"help", {common, large}, [](Pixels s) { lay_out(s, middle), menu_help_Click(); }},
+    {"about", {common}, [](Pixels s) { lay_out(s, middle), menu_about_Click(); }},
+    {"names",
+     {common, large},
+     [](Pixels s) {
+         opening(s);
+         menu(Menu::personalize_players);
+     }},
+};
+
+// Share of pixels that differ by more than a shade. Both of one size, 32 bits a pixel.
+double difference(QImage const& a, QImage const& b)
+{
+    int differ = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        auto const* p = reinterpret_cast<QRgb const*>(a.constScanLine(y));
+        auto const* q = reinterpret_cast<QRgb const*>(b.constScanLine(y));
+        for (int x = 0; x < a.width(); ++x)
+            differ += std::abs(qRed(p[x]) - qRed(q[x])) + std::abs(qGreen(p[x]) - qGreen(q[x])) +
+                          std::abs(qBlue(p[x]) - qBlue(q[x])) >
+                      48;
+    }
+    return static_cast<double>(differ) / (a.width() * a.height());
+}
+
+}  // namespace
+
+TEST(Pictures, LookAsTheyDid)
+{
+    bool const write = qEnvironmentVariableIsSet("SOLLEVINO_WRITE_PICTURES");
+    for (auto const& [name, sizes, draw] : scenes)
+        for (Pixels const size : sizes) {
+            draw(size);
+            settle();
+            QImage const now = real_window().grab().toImage().convertToFormat(QImage::Format_RGB32);
+            auto const file =
+                QStringLiteral(PICTURES_FOLDER "/%1-%2.png").arg(QLatin1String(name)).arg(size.width);
+            if (write) {
+                ASSERT_TRUE(now.save(file, nullptr, 0));
+                continue;
+            }
+            QImage const kept = QImage(file).convertToFormat(QImage::Format_RGB32);
+            ASSERT_EQ(kept.size(), now.size()) << file.toStdString();
+            EXPECT_LT(difference(kept, now), 0.002) << file.toStdString();
+        }
+}
