@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 
 namespace {
 
@@ -48,6 +49,7 @@ MainWindow::MainWindow() : table_(new TableView(this))
     timer_.callOnTimeout(this, [] { evento(Timer1_Timer); });
     make_menus();
     setCentralWidget(table_);
+    new QShortcut(Qt::Key_F10, this, [this] { menuBar()->setActiveAction(menuBar()->actions().first()); });
 }
 
 MainWindow::~MainWindow()
