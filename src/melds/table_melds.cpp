@@ -9,8 +9,7 @@ void calo_carte(int p)
     t.pos_x = t.centro_x - 200;
     t.pos_y = p == 2 ? t.centro_y - 134 - t.alt_carta : t.centro_y + 114;
     // Wanted: a line along the top is all that is cleared.
-    Single const fine = t.pos_x + t.larg_carta * 16 / 3.6F;
-    superficie.fill_box({t.pos_x, t.pos_y, fine, t.pos_y}, colori::tavolo);
+    superficie.line(t.pos_x, t.pos_y, t.pos_x + t.larg_carta * 16 / 3.6F, t.pos_y, colori::tavolo);
     for (int i = 1; i <= t.n_calate(p); ++i)
         if (!segno(p, i))
             dipingi(faccia(t.calate(p, i)), t.pos_x + static_cast<Single>(i - 1) * t.larg_carta / 5, t.pos_y);
