@@ -22,10 +22,7 @@ constexpr Single riduzione = 86.0F / 100;
 
 using Controlli = std::array<ControlState, n_controlli>;
 
-constexpr std::size_t posto(Control c)
-{
-    return static_cast<std::size_t>(c);
-}
+constexpr std::size_t posto(Control c) { return static_cast<std::size_t>(c); }
 
 // The controls as stored, hidden and at the top left corner.
 Controlli stored_controls()
@@ -83,14 +80,8 @@ Single whole_twips(int pixel, double twip)
 }
 
 // Twips to a grid unit, at the size of the last resize.
-Single unità_x()
-{
-    return interno_x * (form.larg_prec / esterno_x) / griglia_x;
-}
-Single unità_y()
-{
-    return interno_y * (form.alt_prec / esterno_y) / griglia_y;
-}
+Single unità_x() { return interno_x * (form.larg_prec / esterno_x) / griglia_x; }
+Single unità_y() { return interno_y * (form.alt_prec / esterno_y) / griglia_y; }
 
 void set_scale()
 {
@@ -98,17 +89,11 @@ void set_scale()
     tavolo.scala_y = form.alt_prec / esterno_y;
 }
 
-ControlState& writable(Control c)
-{
-    return form.controlli[posto(c)];
-}
+ControlState& writable(Control c) { return form.controlli[posto(c)]; }
 
 }  // namespace
 
-ControlState const& control(Control c)
-{
-    return form.controlli[posto(c)];
-}
+ControlState const& control(Control c) { return form.controlli[posto(c)]; }
 
 void show(Control c, bool sì)
 {
@@ -156,10 +141,7 @@ Single pixels_per_point()
     return static_cast<Single>(form.pixel_punto);
 }
 
-void client_size(Pixels pixels)
-{
-    form.pixel = {std::max(pixels.width, 1), std::max(pixels.height, 1)};
-}
+void client_size(Pixels pixels) { form.pixel = {std::max(pixels.width, 1), std::max(pixels.height, 1)}; }
 
 void Form_Load()
 {
@@ -218,12 +200,6 @@ void Form_QueryUnload()
     end_program();
 }
 
-void Form_Unload()
-{
-    chiudi_dispositivi();
-}
+void Form_Unload() { chiudi_dispositivi(); }
 
-void reset_form1()
-{
-    form = {};
-}
+void reset_form1() { form = {}; }

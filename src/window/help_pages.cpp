@@ -106,32 +106,17 @@ void open_or_close(Control pannello)
 
 }  // namespace
 
-void istruzioni_Click()
-{
-    open_or_close(Control::TxtItaliano);
-}
-void menu_help_Click()
-{
-    open_or_close(Control::TxtHelp);
-}
-void menu_about_Click()
-{
-    open_or_close(Control::Text4);
-}
+void istruzioni_Click() { open_or_close(Control::TxtItaliano); }
+void menu_help_Click() { open_or_close(Control::TxtHelp); }
+void menu_about_Click() { open_or_close(Control::Text4); }
 
 void TxtItaliano_Click()
 {
     show(Control::TxtItaliano, false);
     show(Control::TxtHelp, false);
 }
-void TxtHelp_Click()
-{
-    show(Control::TxtHelp, false);
-}
-void text4_Click()
-{
-    show(Control::Text4, false);
-}
+void TxtHelp_Click() { show(Control::TxtHelp, false); }
+void text4_Click() { show(Control::Text4, false); }
 
 void chiudi_pannelli()
 {

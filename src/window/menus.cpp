@@ -12,10 +12,7 @@
 
 namespace {
 
-constexpr std::size_t posto(Menu voce)
-{
-    return static_cast<std::size_t>(voce);
-}
+constexpr std::size_t posto(Menu voce) { return static_cast<std::size_t>(voce); }
 
 constexpr std::array<MenuEntry, n_voci> albero{{
     {Menu::menu_game, 1, false, "&Partita"},
@@ -90,22 +87,10 @@ constexpr int index_in(Menu voce, Menu prima, int n)
 
 }  // namespace
 
-std::span<MenuEntry const> menu_tree()
-{
-    return albero;
-}
-std::string_view caption(Menu voce)
-{
-    return albero[posto(voce)].caption;
-}
-bool enabled(Menu voce)
-{
-    return stato[posto(voce)].enabled;
-}
-bool checked(Menu voce)
-{
-    return stato[posto(voce)].checked;
-}
+std::span<MenuEntry const> menu_tree() { return albero; }
+std::string_view caption(Menu voce) { return albero[posto(voce)].caption; }
+bool enabled(Menu voce) { return stato[posto(voce)].enabled; }
+bool checked(Menu voce) { return stato[posto(voce)].checked; }
 
 void enable(Menu voce, bool sì)
 {
@@ -151,14 +136,8 @@ void menu_click(Menu voce)
     }
 }
 
-void menu_NewGame_Click()
-{
-    tavolo.nuova_partita = true;
-}
-void menu_continue_Click()
-{
-    tavolo.continua = true;
-}
+void menu_NewGame_Click() { tavolo.nuova_partita = true; }
+void menu_continue_Click() { tavolo.continua = true; }
 
 void velocità_Click(int indice)
 {

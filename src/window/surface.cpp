@@ -16,10 +16,7 @@ Box with_corners_in_order(Box b)
     return {std::min(b.x1, b.x2), std::min(b.y1, b.y2), std::max(b.x1, b.x2), std::max(b.y1, b.y2)};
 }
 
-bool meet(Box const& a, Box const& b)
-{
-    return a.x1 < b.x2 && b.x1 < a.x2 && a.y1 < b.y2 && b.y1 < a.y2;
-}
+bool meet(Box const& a, Box const& b) { return a.x1 < b.x2 && b.x1 < a.x2 && a.y1 < b.y2 && b.y1 < a.y2; }
 
 Box both(Box const& a, Box const& b)
 {
@@ -62,9 +59,7 @@ Box reach(Mark const& mark)
     return b;
 }
 
-Surface::Surface() : font_{"MS Sans Serif", 7.8F}
-{
-}
+Surface::Surface() : font_{"MS Sans Serif", 7.8F} {}
 
 void Surface::clear()
 {
