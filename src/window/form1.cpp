@@ -71,7 +71,8 @@ void choose_twips()
 
     form.twip_x = esterno_x * sx / form.pixel.width;
     form.twip_y = esterno_y * sy / form.pixel.height;
-    form.pixel_punto = double{twip_punto} * form.pixel.height / (interno_y * sy);
+    form.pixel_punto = twip_punto * std::min(form.pixel.width / (double{interno_x} * sx),
+                                             form.pixel.height / (double{interno_y} * sy));
 }
 
 Single whole_twips(int pixel, double twip)

@@ -50,7 +50,8 @@ void move_to(Control c, Single x, Single y);      // grid units
 void set_text(Control c, std::string_view text);  // raises no change event
 Box control_box(Control c);                       // where it lies, in grid units
 
-// Points to grid units, downward. A point is 20 twips.
+// Points to grid units, downward. A point is 20 twips of the axis on which they are smaller: letters are not
+// stretched, and have room on a screen that stands upright too.
 Single points_to_grid(Single punti);
 // Points to device-independent pixels; fixed at activation, so that a resized window keeps its letters.
 Single pixels_per_point();
