@@ -195,47 +195,102 @@ TEST(RealWindow, FollowsItsSizeWithoutTouchingTheCards)
     EXPECT_TRUE(runner.alive());
 }
 
+namespace {
+
+// Something drawn at random, on a raster that makes marks meet: on a surface, and told as the mark that it
+// is.
+struct RandomMarks {
+    std::mt19937 random{7};
+
+    int upto(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
+    Mark draw(Surface& s)
+    {
+        Mark m;
+        m.colore =
+            upto(3) ? Colore{static_cast<Byte>(upto(256)), 0, static_cast<Byte>(upto(256))} : colori::tavolo;
+        auto const x = static_cast<Single>(upto(8) * 100), y = static_cast<Single>(upto(6) * 100);
+        auto const w = static_cast<Single>(upto(4) * 100), h = static_cast<Single>(upto(4) * 100);
+        m.kind = static_cast<Mark::Kind>(upto(4));
+        m.figura = 1 + upto(54);
+        switch (m.kind) {
+        case Mark::Kind::fill:
+            m.box = {x, y, x + w, y + h};
+            s.fill_box({x + w, y, x, y + h}, m.colore);
+            break;
+        case Mark::Kind::outline:
+            m.box = {x, y, x + w + 9, y + h + 9};
+            s.outline_box(m.box, m.colore);
+            break;
+        case Mark::Kind::line:
+            m.box = {x, y, x, y + h};
+            s.line(x, y, x, y + h, m.colore);
+            break;
+        default:
+            m.box = {x, y, x + 66.05F, y + 103.75F};
+            s.paint_picture(m.figura, x, y, 66.05F, 103.75F);
+            break;
+        }
+        return m;
+    }
+};
+
+}  // namespace
+
 // A list of marks without those that are hidden looks like everything painted one upon the other.
 TEST(RealWindow, TheListOfMarksLooksLikeAllThatWasPainted)
 {
     avvia_programma({1024, 768});
-    QSize const size(1024, 768);
-    std::mt19937 random(7);
-    auto const n = [&](int most) { return static_cast<Single>(random() % static_cast<unsigned>(most)); };
+    RandomMarks marks;
     auto const opaque = [](Figura f, QSize s) {
         QPixmap p(s);
         p.fill(QColor(f * 4, 255 - f * 4, 90));
         return p;
     };
-    for (int round = 0; round < 20; ++round) {
-        QImage all(size, QImage::Format_RGB32);
+    for (int round = 0; round < 60; ++round) {
+        QSize const size(1024 + round * 23, 768 + round * 17);
+        QImage all(size, QImage::Format_RGB32), replayed(size, QImage::Format_RGB32);
         Surface list;
-        {
-            QPainter painter(&all);
-            SurfacePainter each(painter, size, 1, opaque);
-            each.background();
-            for (int k = 0; k < 300; ++k) {
-                Colore const c{static_cast<Byte>(n(256)), 0, static_cast<Byte>(n(256))};
-                Single const x = n(8) * 100, y = n(6) * 100, w = n(4) * 100, h = n(4) * 100;
-                switch (random() % 4) {
-                case 0: list.fill_box({x + w, y, x, y + h}, random() % 3 ? c : colori::tavolo); break;
-                case 1: list.outline_box({x, y, x + w + 9, y + h + 9}, c); break;
-                case 2: list.line(x, y, x, y + h, c); break;
-                default: list.paint_picture(1 + static_cast<int>(n(54)), x, y, 66.05F, 103.75F); break;
-                }
-                if (!list.marks().empty())
-                    each.mark(list.marks().back());
-            }
-        }
-        QImage replayed(size, QImage::Format_RGB32);
-        QPainter painter(&replayed);
-        SurfacePainter again(painter, size, 1, opaque);
+        QPainter one(&all), other(&replayed);
+        SurfacePainter each(one, size, 1, opaque), again(other, size, 1, opaque);
+        each.background();
+        for (int k = marks.upto(120); k >= 0; --k)
+            each.mark(marks.draw(list));
         again.background();
         for (auto const& m : list.marks())
             again.mark(m);
-        painter.end();
+        one.end();
+        other.end();
         ASSERT_EQ(replayed, all) << "round " << round;
-        EXPECT_LT(list.marks().size(), 260U);
+    }
+}
+
+// Each drawing tells the whole box that has to be painted again: what stands on the screen is what a fresh
+// picture of the table would show, letters that leave their cell included.
+TEST(RealWindow, PaintsAgainAllThatHasChanged)
+{
+    avvia_programma({1366, 700});
+    RandomMarks marks;
+    auto& s = superficie;
+    for (int k = 0; k < 150; ++k) {
+        marks.draw(s);
+        s.font_name(marks.upto(2) ? "Arial" : "Brush Script MT");
+        s.font_size(static_cast<Single>(8 + marks.upto(2) * 12));
+        s.text_colour(marks.upto(2) ? colori::bianco : colori::blu);
+        s.print_at(static_cast<Single>(marks.upto(5) * 220), static_cast<Single>(marks.upto(8) * 100));
+        s.print(marks.upto(2) ? "SollevinoDue" : "gjQÀ");
+        settle();
+        if (marks.upto(3) == 0)  // exactly the cell of the text
+            s.fill_box(Box(s.marks().back().box), colori::tavolo);
+        settle();
+        auto const& table = real_window().table();
+        QImage const screen =
+            real_window()
+                .screen()
+                ->grabWindow(real_window().winId(), table.x(), table.y(), table.width(), table.height())
+                .toImage()
+                .convertToFormat(QImage::Format_RGB32);
+        ASSERT_EQ(screen.size(), table.size());
+        ASSERT_EQ(screen, picture_of_table()) << "step " << k;
     }
 }
 
