@@ -2,6 +2,7 @@
 #include "real_window.h"
 
 #include "at_the_table.h"
+#include "audio/sound_music.h"
 #include "game/piles.h"
 #include "game/table_check.h"
 #include "game/table_state.h"
@@ -51,7 +52,11 @@ W* shown()
 
 TEST(RealWindow, PlaysWholeMatchesWithRealClicks)
 {
-    auto const played = gioca_partite(1, 5, [] { ASSERT_EQ(guasto_tavolo(), "") << mostra_tutto(); });
+    auto const played = gioca_partite(1, 5, [] {
+        ASSERT_EQ(guasto_tavolo(), "") << mostra_tutto();
+        for (auto const& entry : menu_tree())
+            ASSERT_EQ(real_window().entry(entry.voce).isEnabled(), enabled(entry.voce)) << entry.caption;
+    });
     EXPECT_EQ(played.matches, 1);
     auto played_moves = played.moves;
     EXPECT_GT(played_moves["person discards"], 50);
@@ -110,7 +115,8 @@ TEST(RealWindow, HoldsTheGameStillWhileAQuestionIsOpen)
     std::string before, after;
     finestra.in_box = [&] {
         before = mostra_tutto();
-        QTest::qWait(30);  // the timer of the deal fires below the box
+        QTest::qWait(30);  // the timer of the deal fires below the box, and a tune ends
+        evento([] { MMC1_Done(1); });
         after = mostra_tutto();
         finestra.in_box = [] {};
     };
