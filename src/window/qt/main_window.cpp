@@ -4,6 +4,7 @@
 #include "app_icon.h"
 #include "game/match_loop.h"
 #include "window/form1.h"
+#include "window/qt/qt_text.h"
 #include "window/qt/table_view.h"
 
 #include <QApplication>
@@ -18,11 +19,6 @@ namespace {
 MainWindow* the_window = nullptr;
 
 QEvent::Type const wake_up = QEvent::User;
-
-QString qt_text(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 }  // namespace
 

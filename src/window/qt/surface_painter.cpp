@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/qt/surface_painter.h"
 
+#include "window/qt/qt_text.h"
+
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <map>
@@ -27,7 +29,7 @@ QFont const& large_font(Font const& font)
     auto const [at, is_new] = known.try_emplace({font.nome, size});
     if (is_new) {
         QFont& f = at->second;
-        f.setFamily(installed_family(QString::fromStdString(font.nome)));
+        f.setFamily(installed_family(qt_text(font.nome)));
         f.setPixelSize(size);
         f.setBold(true);
         f.setHintingPreference(QFont::PreferNoHinting);
@@ -77,7 +79,7 @@ void SurfacePainter::text(Mark const& mark)
 {
     QFont const& font = large_font(mark.font);
     QFontMetricsF const metrics(font);
-    QString const words = QString::fromStdString(mark.testo);
+    QString const words = qt_text(mark.testo);
 
     int const x = scale_.x(mark.box.x1);
     double const baseline = font.pixelSize() * metrics.ascent() / (metrics.ascent() + metrics.descent());

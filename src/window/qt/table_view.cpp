@@ -5,6 +5,7 @@
 #include "human/pointer_input.h"
 #include "players/player_names.h"
 #include "window/help_pages.h"
+#include "window/qt/qt_text.h"
 #include "window/qt/surface_painter.h"
 #include "window/qt/text_panel.h"
 #include "window/window.h"
@@ -38,11 +39,6 @@ void set_colours(QWidget* w, QColor text, QColor background)
         colours.setColor(role, text);
     w->setPalette(colours);
     w->setAutoFillBackground(true);
-}
-
-QString qt_text(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 }  // namespace

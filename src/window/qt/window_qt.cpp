@@ -2,6 +2,7 @@
 #include "window/qt/main_window.h"
 
 #include "window/form1.h"
+#include "window/qt/qt_text.h"
 #include "window/qt/surface_painter.h"
 #include "window/qt/table_view.h"
 
@@ -13,11 +14,6 @@
 #include <QTime>
 
 namespace {
-
-QString qt_text(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // The text alone, on a box wide enough for its title.
 struct Question : QMessageBox {
