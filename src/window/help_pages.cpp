@@ -12,21 +12,21 @@ carte coperte; il resto del mazzo, il Tallone, va
 al centro del tavolo e se ne scopre la prima
 carta, con la quale comincia il Pozzo.
 
-Quando è di turno, un giocatore pesca una carta
-dal mazzo oppure dal Pozzo e la mette in mano;
-poi, se può e se vuole, cala sul tavolo una o più
-combinazioni; infine scarta una carta, scoperta,
-sopra il Pozzo.
+Quando è di turno, un giocatore pesca una
+carta dal mazzo oppure dal Pozzo e la mette in
+mano; poi, se può e se vuole, cala sul tavolo
+una o più combinazioni; infine scarta una carta,
+scoperta, sopra il Pozzo.
 
 I giocatori formano combinazioni da calare sul
-tavolo, o attaccano carte a quelle che hanno già
-calato, per liberarsi delle proprie carte. Lo
+tavolo, o attaccano carte a quelle che hanno
+già calato, per liberarsi delle proprie carte. Lo
 scopo è fare più punti possibile, con le carte e
 le combinazioni di maggior valore.
 
-Il giocatore che ha in mano delle combinazioni può
-calarle quando vuole: non deve aspettare, e può
-farlo anche al primo turno.
+Il giocatore che ha in mano delle combinazioni
+può calarle quando vuole: non deve aspettare,
+e può farlo anche al primo turno.
 
 La mano finisce quando uno dei giocatori ha
 chiuso, cioè non ha più carte in mano. Chi ha
@@ -36,15 +36,15 @@ tavolo e ne toglie quelli delle carte che gli sono
 rimaste in mano.
 
 Si può anche chiudere in mano, cioè formare le
-combinazioni con le 13 carte e calarle tutte in un
-colpo solo. In questo caso egli raddoppia i punti
-delle carte che ha messo sul tavolo e ne riceve
-altri 200. L'avversario che ha già aperto conta
-normalmente; quello che non ha aperto paga una
-penalità di 200 punti.
+combinazioni con le 13 carte e calarle tutte in
+un colpo solo. In questo caso egli raddoppia i
+punti delle carte che ha messo sul tavolo e ne
+riceve altri 200. L'avversario che ha già aperto
+conta normalmente; quello che non ha aperto
+paga una penalità di 200 punti.
 
-Vince il gioco la coppia che per prima raggiunge i
-1500 punti.
+Vince il gioco la coppia che per prima
+raggiunge i 1500 punti.
 
 Le combinazioni sono:
 Tris: 3 carte di uguale valore e seme diverso.
@@ -67,7 +67,8 @@ Sollevinone: 600 punti.
 
 Nella tabella finale si leggono, per ogni partita
 e per ciascun giocatore, i punti fatti con le
-combinazioni e quelli delle carte rimaste in mano.)";
+combinazioni e quelli delle carte rimaste in
+mano.)";
 
 constexpr std::string_view aiuto =
     R"(-Tasto sinistro del Mouse:
