@@ -6,12 +6,28 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <sstream>
 
 namespace {
-void clic_sul(Box const& b) { clic(1, (b.x1 + b.x2) / 2, (b.y1 + b.y2) / 2); }
+
+void clic_in(Box (*posto)())
+{
+    Box const b = posto();
+    clic(1, (b.x1 + b.x2) / 2, (b.y1 + b.y2) / 2);
+}
+
+void clic_carte(int tasto, std::string const& carte)
+{
+    std::istringstream parole(carte);
+    for (std::string nome; parole >> nome;)
+        clic_mano(tasto, slot_umano(nome));
+}
+
+void clic_riga(int posto) { clic(1, x_calate(posto), tavolo.centro_y + 120 + tavolo.alt_carta / 2); }
+
 }  // namespace
 
 void apparecchia(std::string_view testo)
@@ -36,16 +52,15 @@ std::string contenuto(std::filesystem::path const& file)
     return testo.str();
 }
 
-bool gioca(Task procedura, std::initializer_list<Azione> azioni)
+bool gioca(Task procedura, std::vector<Azione> const& azioni)
 {
     runner.start(std::move(procedura));
     fino_all_attesa();
-    for (auto const& azione : azioni) {
-        if (!runner.alive())
-            break;
-        azione();
-        fino_all_attesa();
-    }
+    for (auto const& azione : azioni)
+        if (runner.alive()) {
+            azione();
+            fino_all_attesa();
+        }
     return !runner.alive();
 }
 
@@ -63,55 +78,25 @@ void clic_mano(int tasto, int slot)
     clic(tasto, x_mano(slot) + tavolo.larg_carta / 2, y_mano_umano + tavolo.alt_carta / 2);
 }
 
-Azione pesca_pozzo()
-{
-    return [] { clic_sul(posto_pozzo()); };
-}
-Azione pesca_tallone()
-{
-    return [] { clic_sul(posto_tallone()); };
-}
-
-Azione scegli(std::string_view carte)
-{
-    return [nomi = std::string(carte)] {
-        std::istringstream parole(nomi);
-        for (std::string nome; parole >> nome;)
-            clic_mano(2, slot_umano(nome));
-    };
-}
+Azione pesca_pozzo() { return std::bind_front(clic_in, posto_pozzo); }
+Azione pesca_tallone() { return std::bind_front(clic_in, posto_tallone); }
+Azione scegli(std::string_view carte) { return std::bind_front(clic_carte, 2, std::string(carte)); }
+Azione clic_calate(int posto) { return std::bind_front(clic_riga, posto); }
+Azione scarta(std::string_view carta) { return std::bind_front(clic_carte, 1, std::string(carta)); }
 
 Single x_calate(int i)
 {
     return tavolo.centro_x - 200 + (static_cast<Single>(i) - 0.5F) * tavolo.larg_carta / 5;
 }
 
-Azione clic_calate(int posto)
+std::vector<Mark> scritte()
 {
-    return [posto] { clic(1, x_calate(posto), tavolo.centro_y + 120 + tavolo.alt_carta / 2); };
+    auto tutte = std::vector(superficie.marks().begin(), superficie.marks().end());
+    std::erase_if(tutte, [](Mark const& m) { return m.kind != Mark::Kind::text; });
+    return tutte;
 }
 
-Azione scarta(std::string_view carta)
-{
-    return [nome = std::string(carta)] { clic_mano(1, slot_umano(nome)); };
-}
-
-std::vector<std::string> testi()
-{
-    std::vector<std::string> tutti;
-    for (auto const& m : superficie.marks())
-        if (m.kind == Mark::Kind::text)
-            tutti.push_back(m.testo);
-    return tutti;
-}
-
-bool si_legge(std::string_view testo)
-{
-    for (auto const& t : testi())
-        if (t == testo)
-            return true;
-    return false;
-}
+bool si_legge(std::string_view testo) { return std::ranges::count(scritte(), testo, &Mark::testo) > 0; }
 
 int figura_a(Single x, Single y)
 {

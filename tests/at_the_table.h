@@ -10,7 +10,6 @@
 #include "game/task.h"
 
 #include <functional>
-#include <initializer_list>
 #include <string_view>
 
 // A table of that text on a fresh window; turno 1 unless it says otherwise. Stops the test if the text is
@@ -24,7 +23,7 @@ using Azione = std::function<void()>;
 
 // Runs a procedure of the game; each time it waits for a person it is given the next action.
 // Returns whether it came to its end.
-bool gioca(Task procedura, std::initializer_list<Azione> azioni = {});
+bool gioca(Task procedura, std::vector<Azione> const& azioni = {});
 
 // Real clicks in the middle of a place. A card is looked for in the hand, by its name.
 Azione pesca_pozzo();
@@ -39,8 +38,8 @@ Single x_calate(int i);
 int slot_umano(std::string_view carta);
 void clic_mano(int tasto, int slot);
 
-// The words that stand on the surface, bottom first; the pictures in a box.
-std::vector<std::string> testi();
+// The words that stand on the surface, bottom first.
+std::vector<Mark> scritte();
 bool si_legge(std::string_view testo);
 // The topmost picture with that corner, 0 if there is none or something was filled over it.
 int figura_a(Single x, Single y);

@@ -9,45 +9,38 @@
 
 #include <algorithm>
 #include <deque>
+#include <set>
 #include <sstream>
+#include <utility>
 
 namespace {
 
 using Slots = std::vector<int>;
 
-// One slot for each of the 52 faces of a hand, entry 0 unused; 0 where the face is not held.
-Serie<int, 52> slots_by_face(std::vector<int> const& carte)
-{
-    Serie<int, 52> slot;
-    for (std::size_t s = 0; s < carte.size(); ++s)
-        slot(prima_copia(carte[s])) = static_cast<int>(s) + 1;
-    return slot;
-}
-
 // The longest run or the largest set of a hand, as slots; empty if there is none. A run may pass the Ace.
 Slots best_meld(std::vector<int> const& carte)
 {
-    auto const slot = slots_by_face(carte);
-    Slots best;
-    for (int seme = 0; seme < 4; ++seme)
-        for (int primo = 0; primo < 13; ++primo) {
-            Slots run;
-            for (int k = 0; k < 13 && slot(seme * 13 + (primo + k) % 13 + 1); ++k)
-                run.push_back(slot(seme * 13 + (primo + k) % 13 + 1));
-            if (run.size() > best.size())
-                best = run;
+    Serie<int, 52> slot;  // of each face; 0 where it is not held
+    for (std::size_t s = 0; s < carte.size(); ++s)
+        slot(prima_copia(carte[s])) = static_cast<int>(s) + 1;
+    Slots best(2);
+    for (bool const run : {true, false})
+        for (int face = 0; face < 52; ++face) {
+            Slots meld;
+            for (int k = 0; k < (run ? 13 : 4); ++k) {
+                int const next = run ? face / 13 * 13 + (face + k) % 13 : face % 13 + k * 13;
+                if (slot(next + 1))
+                    meld.push_back(slot(next + 1));
+                else if (run)
+                    break;
+            }
+            if (meld.size() > best.size())
+                best = meld;
         }
-    for (int v = 1; v <= 13; ++v) {
-        Slots set;
-        for (int seme = 0; seme < 4; ++seme)
-            if (int const s = slot(seme * 13 + v))
-                set.push_back(s);
-        if (set.size() > best.size())
-            best = set;
-    }
     return best.size() >= 3 ? best : Slots{};
 }
 
+// Whether the card fits the meld from prima to ultima.
 bool fits(int carta, int prima, int ultima)
 {
     auto const card = [](int i) { return tavolo.calate(1, i); };
@@ -60,45 +53,47 @@ bool fits(int carta, int prima, int ultima)
     return ultima - prima == 2 && ValCarta(carta) == ValCarta(card(ultima)) && suits == somma_semi;
 }
 
-// Middle of the region in which a click means the k-th meld (from 0): each is a step wider than its picture.
-Single region(int k)
-{
-    auto const& t = tavolo;
-    Single const step = t.larg_carta / 5;
-    Single left = t.centro_x - 200;
-    int prima = 1;
-    for (;; --k) {
-        int const ultima = ultima_carta(1, prima);
-        Single const width = static_cast<Single>(ultima - prima + 3) * step;
-        if (k == 0)
-            return left + width / 2;
-        left += width;
-        prima = ultima + 2;
-    }
-}
-
-// Where to click to attach the card; 0 if it fits no meld.
+// Where to click to attach the card, 0 if it fits no meld: in the middle of the region in which a click means
+// that meld, each a step wider than its picture.
 Single where_to_attach(int carta)
 {
-    int k = 0;
-    for (int prima = 1; prima <= tavolo.n_calate(1); ++k) {
-        int const ultima = ultima_carta(1, prima);
+    Single left = tavolo.centro_x - 200;
+    for (int prima = 1, ultima; prima <= tavolo.n_calate(1); prima = ultima + 2) {
+        ultima = ultima_carta(1, prima);
+        Single const width = static_cast<Single>(ultima - prima + 3) * tavolo.larg_carta / 5;
         if (fits(carta, prima, ultima))
-            return region(k);
-        prima = ultima + 2;
+            return left + width / 2;
+        left += width;
     }
     return 0;
 }
 
-int points(int carta)
-{
-    int const v = ValCarta(carta);
-    return v == 1 ? 15 : v <= 5 ? 5 : 10;
-}
-
-class Person {
+class Evening {
   public:
-    Person(std::uint32_t seed, PlayedHands& played) : random_(seed), played_(&played) {}
+    Evening(std::uint32_t seed, PlayedHands& played) : random_(seed), played_(&played) {}
+
+    bool too_long() const { return turns_ > max_turns; }
+
+    // What stands on the table at a wait of the game, read as a person could.
+    void look()
+    {
+        auto const& t = tavolo;
+        hash_table();
+        played_->moves["computer attaches"] += std::exchange(finestra.beeps, 0);
+        bool const playing = t.azione != 7 && t.azione != 15 && t.n_carte(1) > 0 && t.n_carte(2) > 0;
+        int const turno = playing ? int{t.turno} : 0;
+        if (turno == turno_)
+            return;
+        if (turno_ == 2)
+            computer_has_played();
+        if (turno_ != 0 && turno != 0 && t.cima_tallone < cima_)
+            count("reshuffle");
+        turns_ = playing ? turns_ + 1 : 0;
+        played_->turns += playing;
+        played_->most_turns = std::max(played_->most_turns, turns_);
+        turno_ = turno;
+        cima_ = t.cima_tallone;
+    }
 
     // The game waits for the person.
     void act()
@@ -108,6 +103,7 @@ class Person {
             clic(1, 512, 384);
         } else if (t.n_carte(1) == 0 || t.n_carte(2) == 0) {
             bool const open = enabled(Menu::menu_continue);
+            ++played_->hands;
             played_->matches += !open;
             menu(open ? Menu::menu_continue : Menu::menu_NewGame);
         } else if (!plan_.empty()) {
@@ -123,142 +119,16 @@ class Person {
 
   private:
     int random(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
-    void count(std::string const& move) { ++played_->moves["person " + move]; }
+    void count(std::string const& move) { ++played_->moves[move]; }
 
-    static std::vector<int> hand()
+    void add(int value)
     {
-        std::vector<int> carte;
-        for (int s = 1; s <= tavolo.n_carte(1); ++s)
-            carte.push_back(tavolo.mano(1, s));
-        return carte;
-    }
-    static bool wants(int carta)
-    {
-        auto with = hand();
-        with.push_back(carta);
-        return std::ranges::count(best_meld(with), static_cast<int>(with.size())) > 0 ||
-               where_to_attach(carta) > 0;
+        for (int shift : {0, 8})
+            played_->hash =
+                (played_->hash ^ (static_cast<unsigned>(value >> shift) & 0xFFU)) * 1099511628211U;
     }
 
-    void draw()
-    {
-        tried_.clear();
-        if (random(40) == 0)
-            return silly_before_the_draw();
-        bool const pile = wants(tavolo.pozzo(tavolo.n_pozzo - 1));
-        count(pile ? "draws from the pile" : "draws from the stock");
-        (pile ? pesca_pozzo() : pesca_tallone())();
-    }
-
-    void play()
-    {
-        auto const carte = hand();
-        if (std::ranges::any_of(carte, [](int c) { return c > scelta; }))
-            return clic_mano(1, 1);  // a click beside the row has left them up
-        if (random(60) == 0)
-            return silly();
-        if (auto const meld = best_meld(carte); !meld.empty()) {
-            bool const run = Seme(carte[static_cast<std::size_t>(meld[0] - 1)]) ==
-                             Seme(carte[static_cast<std::size_t>(meld[1] - 1)]);
-            lay(meld, x_calate(1), run ? "lays a run" : "lays a set");
-            return;
-        }
-        for (std::size_t s = 0; carte.size() > 1 && s < carte.size(); ++s)
-            if (Single const x = where_to_attach(carte[s]); x > 0 && !tried(carte[s])) {
-                lay({static_cast<int>(s) + 1}, x, "attaches");
-                return;
-            }
-        discard(carte);
-    }
-
-    // Selects the slots one by one and clicks the row at x.
-    void lay(Slots const& slots, Single x, std::string const& what)
-    {
-        for (int const s : slots)
-            plan_.emplace_back([s] { clic_mano(2, s); });
-        int const before = tavolo.n_carte(1);
-        plan_.emplace_back([this, before, x, what, meld = slots.size() != 1] {
-            int const calate = tavolo.n_calate(1);
-            clic(1, x, tavolo.centro_y + 120 + tavolo.alt_carta / 2);
-            bool const done = tavolo.n_carte(1) < before;
-            count(done ? what : "is refused");
-            if (done && meld && calate > 0 && tavolo.n_calate(1) < calate + 4)
-                count("joins runs");
-        });
-    }
-
-    void discard(std::vector<int> const& carte)
-    {
-        int best = 1, best_score = -1;
-        for (std::size_t s = 0; s < carte.size(); ++s) {
-            int friends = 0;
-            for (int const other : carte)
-                friends += (ValCarta(other) == ValCarta(carte[s]) && Seme(other) != Seme(carte[s])) ||
-                           (Seme(other) == Seme(carte[s]) &&
-                            prolunga(ValCarta(other), ValCarta(carte[s]), ValCarta(carte[s])));
-            int const score = points(carte[s]) + 20 * (3 - std::min(friends, 3));
-            if (score > best_score) {
-                best_score = score;
-                best = static_cast<int>(s) + 1;
-            }
-        }
-        count("discards");
-        clic_mano(1, best);
-    }
-
-    // An attach is tried once a turn: a click can miss a meld far to the right.
-    bool tried(int carta)
-    {
-        bool const before = std::ranges::count(tried_, carta) > 0;
-        tried_.push_back(carta);
-        return before;
-    }
-
-    void silly_before_the_draw()
-    {
-        count("is silly");
-        switch (random(3)) {
-        case 0: return clic_mano(1, 1);
-        case 1: return clic_mano(2, 1);
-        default: return clic_calate()();
-        }
-    }
-
-    void silly()
-    {
-        auto const n = static_cast<int>(tavolo.n_carte(1));
-        switch (random(5)) {
-        case 0: count("is silly"); return pesca_pozzo()();
-        case 1: count("is silly"); return clic_calate()();
-        case 2:
-            if (n < 2)
-                return;
-            count("cancels a selection");
-            plan_.emplace_back([] { clic_mano(2, 1); });
-            plan_.emplace_back([] { clic_mano(1, 2); });
-            return;
-        default: {
-            Slots some;
-            for (int s = 1; s <= n; ++s)
-                if (random(4) == 0)
-                    some.push_back(s);
-            if (n > 1 && !some.empty())
-                lay(some, x_calate(random(20)), "lays by luck");
-        }
-        }
-    }
-
-    std::mt19937 random_;
-    PlayedHands* played_;
-    std::deque<Azione> plan_;
-    std::vector<int> tried_;
-};
-
-class Recorder {
-  public:
-    explicit Recorder(PlayedHands& played) : played_(&played) {}
-
-    void look()
+    void hash_table()
     {
         auto const& t = tavolo;
         for (int p = 1; p <= 2; ++p) {
@@ -272,81 +142,115 @@ class Recorder {
         add(t.n_pozzo);
         if (t.n_pozzo > 0)
             add(t.pozzo(t.n_pozzo - 1));
-        add(t.cima_tallone);
-        add(t.turno);
-        add(t.azione);
-        add(t.pescato);
-        follow_turns();
+        for (int const value : {int{t.cima_tallone}, int{t.turno}, int{t.azione}, int{t.pescato}})
+            add(value);
     }
-    bool too_long() const { return turns_ > max_turns; }
 
-  private:
-    void add(int value)
+    void computer_has_played()
     {
-        for (int shift : {0, 8}) {
-            played_->hash ^= static_cast<unsigned>(value >> shift) & 0xFFU;
-            played_->hash *= 1099511628211U;
-        }
+        bool const stock = tavolo.cima_tallone != cima_;
+        if (tavolo.n_decise == 0)
+            return count(stock ? "computer draws from the stock" : "computer attaches from the pile");
+        count(stock ? "computer lays with the stock" : "computer lays with the pile");
+        count(scala(2, tavolo.n_calate(2) - 1) ? "computer lays a run" : "computer lays a set");
     }
 
-    void count(char const* move) { ++played_->moves[move]; }
-
-    void follow_turns()
+    static std::vector<int> hand() { return {&tavolo.mano(1, 1), &tavolo.mano(1, 1) + tavolo.n_carte(1)}; }
+    static bool wants(int carta)
     {
-        auto const& t = tavolo;
-        if (t.azione == 15 || t.azione == 7) {
-            if (!dealing_ && t.azione == 15)
-                ++played_->hands;
-            dealing_ = true;
-            turns_ = 0;
-            turno_ = 0;
-            stock_ = 0;
-            return;
-        }
-        if (dealing_ && t.n_pozzo == 0)
-            return;
-        dealing_ = false;
-        if (t.cima_tallone < stock_)
-            count("reshuffle");
-        stock_ = t.cima_tallone;
-        if (turno_ != t.turno) {
-            turno_ = t.turno;
-            ++turns_;
-            ++played_->turns;
-            played_->most_turns = std::max(played_->most_turns, turns_);
-        }
-        computer();
+        auto with = hand();
+        with.push_back(carta);
+        return std::ranges::count(best_meld(with), std::ssize(with)) > 0 || where_to_attach(carta) > 0;
     }
 
-    // What the computer has done since the last wait, read from the table as a person could.
-    void computer()
+    void draw()
     {
-        auto const& t = tavolo;
-        if (t.turno == 2 && finestra.computer_turns != its_turns_) {
-            its_turns_ = finestra.computer_turns;
-            open_ = true;
-            cima_ = t.cima_tallone;
-            melds_ = t.n_calate(2);
-            beeps_ = finestra.beeps;
-            return;
+        tried_.clear();
+        if (random(40) == 0) {
+            count("person is silly");
+            int const what = random(3);
+            return what == 2 ? clic_calate()() : clic_mano(1 + what, 1);
         }
-        if (!open_ || (t.turno == 2 && !t.pescato))
-            return;
-        open_ = false;
-        bool const stock = t.cima_tallone != cima_;
-        bool const laid = t.n_decise != 0;
-        count(laid    ? stock ? "computer lays with the stock" : "computer lays with the pile"
-              : stock ? "computer draws from the stock"
-                      : "computer attaches from the pile");
-        if (laid)
-            count(scala(2, ultima_carta(2, melds_ + 1)) ? "computer lays a run" : "computer lays a set");
-        played_->moves["computer attaches"] += finestra.beeps - beeps_;
+        bool const pile = wants(tavolo.pozzo(tavolo.n_pozzo - 1));
+        count(pile ? "person draws from the pile" : "person draws from the stock");
+        (pile ? pesca_pozzo() : pesca_tallone())();
     }
 
+    void play()
+    {
+        auto const carte = hand();
+        if (std::ranges::any_of(carte, [](int c) { return c > scelta; }))
+            return clic_mano(1, 1);  // a click beside the row has left them up
+        if (random(60) == 0)
+            return silly();
+        if (auto const meld = best_meld(carte); !meld.empty()) {
+            auto const suit = [&](std::size_t k) {
+                return Seme(carte[static_cast<std::size_t>(meld[k] - 1)]);
+            };
+            return lay(meld, x_calate(1), suit(0) == suit(1) ? "person lays a run" : "person lays a set");
+        }
+        // An attach is tried once a turn: a click can miss a meld far to the right.
+        for (int s = 1; carte.size() > 1 && s <= std::ssize(carte); ++s)
+            if (Single const x = where_to_attach(tavolo.mano(1, s));
+                x > 0 && tried_.insert(tavolo.mano(1, s)).second)
+                return lay({s}, x, "person attaches");
+        discard(carte);
+    }
+
+    // Selects the slots one by one and clicks the row at x.
+    void lay(Slots const& slots, Single x, std::string const& what)
+    {
+        for (int const s : slots)
+            plan_.emplace_back([s] { clic_mano(2, s); });
+        plan_.emplace_back([this, x, what, before = int{tavolo.n_carte(1)}, meld = slots.size() != 1] {
+            int const calate = tavolo.n_calate(1);
+            clic(1, x, tavolo.centro_y + 120 + tavolo.alt_carta / 2);
+            bool const done = tavolo.n_carte(1) < before;
+            count(done ? what : "person is refused");
+            if (done && meld && calate > 0 && tavolo.n_calate(1) < calate + 4)
+                count("person joins runs");
+        });
+    }
+
+    // The dearest of the cards that fit least with the others.
+    void discard(std::vector<int> const& carte)
+    {
+        auto const score = [&](int carta) {
+            int const v = ValCarta(carta);
+            auto const friends = std::ranges::count_if(carte, [&](int other) {
+                return Seme(other) == Seme(carta) ? prolunga(ValCarta(other), v, v) : ValCarta(other) == v;
+            });
+            return (v == 1 ? 15 : v <= 5 ? 5 : 10) - 20 * std::min<int>(static_cast<int>(friends), 3);
+        };
+        count("person discards");
+        clic_mano(1, static_cast<int>(std::ranges::max_element(carte, {}, score) - carte.begin()) + 1);
+    }
+
+    void silly()
+    {
+        int const what = random(5), n = tavolo.n_carte(1);
+        if (what < 2) {
+            count("person is silly");
+            (what == 0 ? pesca_pozzo() : clic_calate())();
+        } else if (what == 2 && n >= 2) {
+            count("person cancels a selection");
+            plan_ = {[] { clic_mano(2, 1); }, [] { clic_mano(1, 2); }};
+        } else if (what > 2) {
+            Slots some;
+            for (int s = 1; s <= n; ++s)
+                if (random(4) == 0)
+                    some.push_back(s);
+            if (n > 1 && !some.empty())
+                lay(some, x_calate(random(20)), "person lays by luck");
+        }
+    }
+
+    std::mt19937 random_;
     PlayedHands* played_;
-    int turns_ = 0, turno_ = 0, stock_ = 0;
-    bool dealing_ = false, open_ = false;
-    int its_turns_ = 0, cima_ = 0, melds_ = 0, beeps_ = 0;
+    std::deque<Azione> plan_;
+    std::set<int> tried_;
+    int turns_ = 0, turno_ = 0;  // of this hand; whose turn it is, 0 between two hands
+    int cima_ = 0;               // of the stock when the turn began
 };
 
 }  // namespace
@@ -354,29 +258,21 @@ class Recorder {
 PlayedHands gioca_partite(int matches, std::uint32_t seed, std::function<void()> const& at_each_wait)
 {
     PlayedHands played;
-    Person person(seed, played);
-    Recorder recorder(played);
-    auto const start = [&] {
+    auto const begin = [&] {
+        auto const now = seed + static_cast<std::uint32_t>(played.abandoned);
         avvia_programma();
-        finestra.day_began = seed % 86400U;
+        finestra.day_began = now % 86400U;
+        return Evening(now, played);
     };
-    auto const look = [&] {
-        recorder.look();
-        at_each_wait();
-    };
-    start();
+    auto evening = begin();
     while (played.matches + played.abandoned < matches) {
-        fino_all_attesa(look);
-        if (recorder.too_long()) {
+        fino_all_attesa([&] { evening.look(), at_each_wait(); });
+        if (evening.too_long()) {
             ++played.abandoned;
-            double const later = finestra.now / 1000 + 1;
-            recorder = Recorder(played);
-            person = Person(seed + static_cast<std::uint32_t>(played.abandoned), played);
-            start();
-            finestra.day_began += later;
-            continue;
+            evening = begin();
+        } else {
+            evening.act();
         }
-        person.act();
     }
     return played;
 }

@@ -98,7 +98,7 @@ TEST(Quit, AsksFromTheMenuAndNotAtTheCloseControl)
 {
     avvia_programma();
     fino_all_attesa();
-    auto const prima = testi();
+    auto const prima = superficie.marks().size();
     finestra.in_box = [] {
         evento([] { tavolo.tempo_scaduto = true; });
         EXPECT_EQ(eventi_aperti, 1) << "the box is open inside its handler, and the game stands still";
@@ -106,7 +106,7 @@ TEST(Quit, AsksFromTheMenuAndNotAtTheCloseControl)
     menu(Menu::esci);
     EXPECT_EQ(finestra.boxes, std::vector<std::string>{"Uscire da Sollevino?"});
     EXPECT_FALSE(finestra.ended);
-    EXPECT_EQ(testi(), prima);
+    EXPECT_EQ(superficie.marks().size(), prima);
     finestra.answer_yes = true;
     comandi();
     menu(Menu::esci);

@@ -59,9 +59,9 @@ namespace {
 std::filesystem::path file[2];
 void nota(Device d, std::string const& che)
 {
-    std::string const nome = file[static_cast<int>(d)].filename().string();
+    auto const nome = file[static_cast<int>(d)].filename().string();
     finestra.devices.push_back((d == Device::music ? "music " : "effects ") + che +
-                               (nome.empty() ? "" : " " + nome));
+                               (nome.empty() ? "" : " ") + nome);
 }
 }  // namespace
 
