@@ -96,7 +96,9 @@ void MainWindow::show_menu_entry(Menu voce)
 void MainWindow::open()
 {
     Form_Load();
-    setGeometry(screen()->availableGeometry());
+    QRect const room = screen()->availableGeometry();
+    move(room.topLeft());  // of the frame: its title can be reached once the window is restored
+    resize(room.size());
     showMaximized();
 }
 
