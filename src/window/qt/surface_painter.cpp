@@ -13,24 +13,24 @@ constexpr Single bordo_testo = 4;  // free at the right edge of the table, grid 
 
 QColor qt_colour(Colore c) { return {c.rosso, c.verde, c.blu}; }
 
-// The family of that name or the one that stands for it. Asking for one that is not there makes Qt look
-// through all fonts, which is felt at the start.
+// The family of that name or the one that stands for it. Asking Qt for one that is not there, or whether it
+// is, costs a search for the likest, which is felt at the start; the list of names does not.
 QString installed_family(QString const& name)
 {
-    return QFontDatabase::hasFamily(name) ? name : QFont::substitute(name);
+    static QStringList const installed = QFontDatabase::families();
+    return installed.contains(name, Qt::CaseInsensitive) ? name : QFont::substitute(name);
 }
 
 }  // namespace
 
-QFont const& large_font(Font const& font)
+QFont const& large_font(std::string const& name)
 {
-    static std::map<std::pair<std::string, int>, QFont> known;
-    int const size = std::max(1, static_cast<int>(std::lround(font.punti * large_font_factor)));
-    auto const [at, is_new] = known.try_emplace({font.nome, size});
+    static std::map<std::string, QFont> known;
+    auto const [at, is_new] = known.try_emplace(name);
     if (is_new) {
         QFont& f = at->second;
-        f.setFamily(installed_family(qt_text(font.nome)));
-        f.setPixelSize(size);
+        f.setFamily(installed_family(qt_text(name)));
+        f.setPixelSize(large_pixels);
         f.setBold(true);
         f.setHintingPreference(QFont::PreferNoHinting);
         f.setKerning(false);
@@ -40,8 +40,7 @@ QFont const& large_font(Font const& font)
 }
 
 SurfacePainter::SurfacePainter(QPainter& painter, QSize size, double ratio, Pictures pictures)
-    : painter_(painter), size_(size), scale_(size),
-      text_scale_(static_cast<double>(pixels_per_point()) * ratio / large_font_factor),
+    : painter_(painter), size_(size), scale_(size), point_(static_cast<double>(pixels_per_point()) * ratio),
       pictures_(std::move(pictures))
 {
 }
@@ -77,18 +76,19 @@ void SurfacePainter::mark(Mark const& mark)
 // that would run off the right edge of the table is drawn smaller.
 void SurfacePainter::text(Mark const& mark)
 {
-    QFont const& font = large_font(mark.font);
+    QFont const& font = large_font(mark.font.nome);
     QFontMetricsF const metrics(font);
     QString const words = qt_text(mark.testo);
+    double const size = static_cast<double>(mark.font.punti) * point_;  // pixels, as high as the cell
 
     int const x = scale_.x(mark.box.x1);
-    double const baseline = font.pixelSize() * metrics.ascent() / (metrics.ascent() + metrics.descent());
+    double const baseline = size * metrics.ascent() / (metrics.ascent() + metrics.descent());
     double const right = std::max(metrics.horizontalAdvance(words), metrics.boundingRect(words).right());
-    double const room = (scale_.x(griglia_x - bordo_testo) - x) / text_scale_;
-    double const fit = right > room && room > 0 ? text_scale_ * room / right : text_scale_;
+    double const room = scale_.x(griglia_x - bordo_testo) - x;
+    double const fit = std::min(size / large_pixels, room > 0 ? room / right : 1);
 
     painter_.save();
-    painter_.translate(x, std::round(scale_.y(mark.box.y1) + baseline * text_scale_));
+    painter_.translate(x, std::round(scale_.y(mark.box.y1) + baseline));
     painter_.scale(fit, fit);
     painter_.setFont(font);
     painter_.setPen(qt_colour(mark.colore));

@@ -10,10 +10,10 @@
 #include <QPixmap>
 #include <functional>
 
-// The font of a text, twenty times its size in points: drawn small, its letters keep their widths at every
-// size.
-QFont const& large_font(Font const& font);
-inline constexpr int large_font_factor = 20;
+// The font of that name, bold, in a size in which its letters are drawn and measured for all: under a scale
+// they keep their widths at every size.
+inline constexpr int large_pixels = 160;
+QFont const& large_font(std::string const& name);
 
 class SurfacePainter {
   public:
@@ -35,6 +35,6 @@ class SurfacePainter {
     QPainter& painter_;
     QSize size_;
     GridScale scale_;
-    double text_scale_;
+    double point_;  // in pixels
     Pictures pictures_;
 };

@@ -35,11 +35,11 @@ void repaint(Box const& box)
 
 Single text_width(std::string_view testo, Font const& font)
 {
-    double const points =
-        QFontMetricsF(large_font(font)).horizontalAdvance(qt_text(testo)) / large_font_factor;
+    double const ems = QFontMetricsF(large_font(font.nome)).horizontalAdvance(qt_text(testo)) / large_pixels;
     auto* const w = MainWindow::current();
     double const width = w ? w->table().width() : static_cast<double>(griglia_x);
-    return static_cast<Single>(points * static_cast<double>(pixels_per_point() * griglia_x) / width);
+    return static_cast<Single>(ems * static_cast<double>(font.punti * pixels_per_point() * griglia_x) /
+                               width);
 }
 
 Single text_height(Font const& font) { return points_to_grid(font.punti); }
