@@ -7,12 +7,19 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <fstream>
 
 namespace fs = std::filesystem;
 
 namespace {
+
+// Tests run beside each other, each in a process of its own.
+fs::path own_folder(std::string const& name)
+{
+    return fs::path(testing::TempDir()) / ("sollevino_" + name + std::to_string(getpid()));
+}
 
 class Names : public testing::Test {
   protected:
@@ -37,7 +44,7 @@ class Names : public testing::Test {
         return tavolo.nomi(0) + "/" + tavolo.nomi(1);
     }
 
-    fs::path const dir = fs::path(testing::TempDir()) / "sollevino_names";
+    fs::path const dir = own_folder("names");
 };
 
 }  // namespace
@@ -145,7 +152,7 @@ TEST_F(Names, StandInWhiteForThePlayerOnTurn)
 
 TEST(Folders, APortableFolderKeepsEverythingAndAnInstalledOneWritesToTheUsers)
 {
-    fs::path const dir = fs::path(testing::TempDir()) / "sollevino_folders";
+    fs::path const dir = own_folder("folders");
     fs::remove_all(dir);
     fs::create_directories(dir / "prefix" / "games");
     fs::create_directories(dir / "prefix" / "share" / "games" / "sollevinodue" / "music");
