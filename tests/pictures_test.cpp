@@ -133,7 +133,7 @@ TEST(Pictures, LookAsTheyDid)
         for (Pixels const size : sizes) {
             draw(size);
             settle();
-            QImage const now = real_window().grab().toImage().convertToFormat(QImage::Format_RGB32);
+            QImage const now = real_window().table().grab().toImage().convertToFormat(QImage::Format_RGB32);
             auto const file =
                 QStringLiteral(PICTURES_FOLDER "/%1-%2.png").arg(QLatin1String(name)).arg(size.width);
             if (write) {
