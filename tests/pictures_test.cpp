@@ -30,7 +30,7 @@ std::string const middle =
     "KH' AH | 4C 4D' 4H | calate2 7S 8S 9S | KS KD' KC | pozzo 2C AC 6H tallone 9H' 2S";
 std::string const row =
     "mano2 2H 3S mano AC 9S calate AS 2S 3S 4S 5S 6S | 10H 10D 10C 10S | JC QC KC | 8H 8D 8C | "
-    "2D 3D 4D 5D | calate2 QH QD QS | 6H 7H 8H' 9H 10H' JH KH' AH' | 3C 4C 5C | pozzo 9D tallone 7C";
+    "2D 3D 4D 5D | calate2 QH QD QS | 6H 7H 8H' 9H 10H' JH QH' KH' AH' | 3C 4C 5C | pozzo 9D tallone 7C";
 
 // A hand dealt on a window of that size, then the cards of the text in its place.
 void lay_out(Pixels size, std::string const& text)

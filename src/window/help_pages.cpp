@@ -31,7 +31,7 @@ e può farlo anche al primo turno.
 La mano finisce quando uno dei giocatori ha
 chiuso, cioè non ha più carte in mano. Chi ha
 chiuso conta i punti delle sue carte sul tavolo;
-l'avversario conta i punti delle sue carte sul
+l’avversario conta i punti delle sue carte sul
 tavolo e ne toglie quelli delle carte che gli sono
 rimaste in mano.
 
@@ -39,7 +39,7 @@ Si può anche chiudere in mano, cioè formare le
 combinazioni con le 13 carte e calarle tutte in
 un colpo solo. In questo caso egli raddoppia i
 punti delle carte che ha messo sul tavolo e ne
-riceve altri 200. L'avversario che ha già aperto
+riceve altri 200. L’avversario che ha già aperto
 conta normalmente; quello che non ha aperto
 paga una penalità di 200 punti.
 
@@ -52,7 +52,7 @@ Scala: 3 o più carte di un seme in sequenza.
 Poker: 4 carte di uguale valore e seme diverso.
 Sollevino: scala di 7 o più carte di un seme.
 Sollevinone: scala di 14 carte di un solo seme,
-dall'Asso all'Asso.
+dall’Asso all’Asso.
 
 I valori sono:
 Carte dal 2 al 5: 5 punti ciascuna.
