@@ -77,7 +77,7 @@ double heard(Samples const& s, double frequency)
 }
 
 struct Mixer : audio::Mixer {
-    Mixer() { load_font(); }
+    Mixer(std::span<char const* const> fonts = audio::sound_fonts) { load_font(fonts); }
 
     void play(std::string const& midi) { play_tune(std::as_bytes(std::span(midi))); }
 
@@ -94,9 +94,15 @@ struct Devices : testing::Test {
     void SetUp() override
     {
         fs::create_directories(folder);
-        setenv("SDL_AUDIODRIVER", "disk", 1);
         setenv("SDL_DISKAUDIODELAY", "1", 1);
         setenv("SDL_DISKAUDIOFILE", (folder / "mix").c_str(), 1);
+        testing::internal::CaptureStderr();
+        start("disk");
+    }
+
+    void start(char const* driver)
+    {
+        setenv("SDL_AUDIODRIVER", driver, 1);
         auto const post = [this](auto f) {
             std::lock_guard const lock(mutex);
             posted.push_back(std::move(f));
@@ -106,13 +112,14 @@ struct Devices : testing::Test {
                       [](auto tell) { return std::unique_ptr<audio::Player>(sollevinodue_player(tell)); });
     }
 
-    // Wherever a test leaves, it is silent from then on.
+    // Wherever a test leaves, it is silent from then on, and has been on the terminal.
     void TearDown() override
     {
         stop_devices();
         auto const left = now();
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         EXPECT_EQ(now(), left);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         fs::remove_all(folder);
     }
 
@@ -176,15 +183,25 @@ struct Devices : testing::Test {
 
 TEST_F(Devices, ATuneIsMixedWithACardOnTopAndHasAnEnd)
 {
-    mixer.play(tune({low, high}));
-    EXPECT_NEAR(heard(mixer.listen(0.5), low_tone), 0.5, 0.1);
-    mixer.play_sound(std::make_shared<Samples>(audio::load_wave(write("card.wav", wave(card_tone, 0.15)))));
-    Samples const rest = mixer.listen(1.8);
-    EXPECT_LT(heard(rest, low_tone), 0.2);
-    EXPECT_GT(heard(rest, high_tone), 0.4);
-    EXPECT_NEAR(heard(rest, card_tone), 0.2, 0.05);
-    EXPECT_FALSE(mixer.tune_ended());
-    EXPECT_TRUE(quiet(mixer.listen(0.3), rate / 5) && mixer.tune_ended());
+    auto const card = std::make_shared<Samples>(audio::load_wave(write("a.wav", wave(card_tone, 0.15))));
+    std::string last_note_never_ends = tune({low, high});
+    last_note_never_ends.end()[-7] = char(0xa0);
+    for (auto const& midi : {tune({low, high}), last_note_never_ends}) {
+        mixer.play(midi);
+        EXPECT_NEAR(heard(mixer.listen(0.5), low_tone), 0.5, 0.1);
+        mixer.play_sound(card);
+        Samples const rest = mixer.listen(1.8);
+        EXPECT_LT(heard(rest, low_tone), 0.2);
+        EXPECT_NEAR(heard(rest, high_tone), 0.6, 0.2);
+        EXPECT_NEAR(heard(rest, card_tone), 0.2, 0.05);
+        EXPECT_FALSE(mixer.tune_ended());
+        EXPECT_TRUE(quiet(mixer.listen(0.3), rate / 5) && mixer.tune_ended());
+    }
+    Mixer without_font(std::array{"/nowhere/font.sf2"});
+    without_font.play(tune({low}));
+    without_font.play_sound(card);
+    EXPECT_EQ(without_font.listen(0.15), *card);
+    EXPECT_TRUE(quiet(without_font.listen(3), 6 * rate) && !without_font.tune_ended());
 }
 
 TEST_F(Devices, TheSameSoundStartsAgainAndAnotherRingsOutClipped)
@@ -230,8 +247,10 @@ TEST_F(Devices, WhatCannotBeReadIsSilentAndHasNoEnd)
 TEST_F(Devices, AFloodOfChoicesPlaysTheLastWhichIsToldOnceEachTime)
 {
     auto const first = write("endless.mid", endless()), broken = write("broken.mid", "MThd");
+    auto const begin = std::chrono::steady_clock::now();
     for (int i = 0; i < 1000; ++i)
         play(Device::music, i % 2 ? first : broken);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
     play(Device::music, write("Rondò a capriccio.mid", tune({high})));
     ASSERT_TRUE(wait([&] { return codes.size() == 2; }));
     device_close(Device::music);
@@ -255,6 +274,24 @@ TEST_F(Devices, ACutTuneIsSilentAndTellsNothing)
     play(Device::music, write("broken.mid", "MThd"));
     ASSERT_TRUE(run(2));
     EXPECT_TRUE(codes.empty());
+}
+
+TEST_F(Devices, WithoutFilesOrASoundDeviceTheGameGoesOn)
+{
+    setenv("ALSA_CONFIG_PATH", "/nowhere", 1);
+    for (auto const& [driver, files] :
+         {std::pair{"disk", folder / "none"}, {"alsa", folder}, {"none", folder}}) {
+        stop_devices();
+        start(driver);
+        write("a.mid", tune({low}));
+        write("a.wav", wave(card_tone, 0.15));
+        for (int i = 0; i < 2; ++i) {
+            play(Device::music, files / "a.mid");
+            play(Device::effects, files / "a.wav");
+            wait([turns = 0]() mutable { return ++turns > 100; });
+        }
+        EXPECT_TRUE(codes.empty() && quiet(mixed(), int(mixed().size()))) << driver;
+    }
 }
 
 TEST_F(Devices, AnEffectRingsOutOverATuneWhenTheNextIsOpened)
