@@ -126,6 +126,7 @@ void MainWindow::end()
 {
     runner.stop();
     timer_.stop();
+    hide();  // at once, however long a sound server takes to let go
     QCoreApplication::exit(0);
 }
 
