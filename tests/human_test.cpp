@@ -57,6 +57,19 @@ TEST(HumanTurn, DrawsLaysAndDiscardsAsTheClicksSay)
               "mano KD KS calate 5D 6D 7D | 3S 3C 3H |"},
              // a lay of the whole hand ends the turn at once
              {"mano 5C 6C tallone 7C", {tallone, scegli("5C 6C 7C"), cala}, "calate 5C 6C 7C |", true},
+             // the referee judges pairs, not melds
+             {"mano QS QH KH AH tallone 2H",
+              {tallone, scegli("QS QH KH AH 2H"), cala},
+              "calate QS QH KH AH 2H |",
+              true},
+             // each marker is asked once: the first comes too early for what the second joins
+             {"mano 4H 5H KS calate AH 2H 3H | 7H 8H 9H | tallone 6H",
+              {tallone, scegli("4H 5H 6H"), cala},
+              "mano KS calate AH 2H 3H | 4H 5H 6H 7H 8H 9H |"},
+             // a fifteenth card is attached, and no new meld passes any more
+             {"mano 2H' 5D 5C calate AH 2H 3H 4H 5H 6H 7H 8H 9H 10H JH QH KH AH' | tallone 5S",
+              {tallone, scegli("2H'"), cala, scegli("5D 5C 5S"), cala},
+              "mano 5D 5C 5S calate AH 2H 2H' 3H 4H 5H 6H 7H 8H 9H 10H JH QH KH AH' |"},
              // the last card cannot be selected
              {"mano 8D calate 5D 6D 7D | tallone 2C",
               {tallone, scegli("8D"), cala, scegli("2C"), cala},
