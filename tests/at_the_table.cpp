@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "at_the_table.h"
 
+#include "computer/hand_reading.h"
 #include "game/piles.h"
 #include "game/table_state.h"
+#include "melds/table_melds.h"
 
 #include <gtest/gtest.h>
 
@@ -28,21 +30,51 @@ void clic_carte(int tasto, std::string const& carte)
 
 void clic_riga(int posto) { clic(1, x_calate(posto), tavolo.centro_y + 120 + tavolo.alt_carta / 2); }
 
+void leggi(std::string_view testo)
+{
+    if (leggi_tavolo(testo))
+        return;
+    ADD_FAILURE() << "no table: " << testo;
+    std::abort();
+}
+
 }  // namespace
 
 void apparecchia(std::string_view testo)
 {
     avvia_programma();
-    if (!leggi_tavolo(testo)) {
-        ADD_FAILURE() << "no table: " << testo;
-        std::abort();
-    }
+    leggi(testo);
     tavolo.velocita = 0.5F;
     tavolo.nomi(0) = "Player1";
     tavolo.nomi(1) = "Player2";
     if (tavolo.turno == 0)
         tavolo.turno = 1;
     superficie.font_name("Arial");
+}
+
+void in_scena(Pixels pixels, std::string_view testo)
+{
+    avvia_programma(pixels);
+    fino_all_attesa();
+    while (tavolo.azione == 7)
+        clic(1, 512, 384);
+    fino_all_attesa();
+    while (tavolo.turno != 1)
+        fino_all_attesa();
+    leggi(std::string(testo) + " turno 1 pescato 1 cartaro 2");
+    disegno_dorsi();
+    mostra_pozzo();
+    mostra_tallone();
+    auto const& t = tavolo;
+    Single const sinistra = t.centro_x - 200, destra = t.centro_x + 200;
+    for (Single const y : {t.centro_y - 134 - t.alt_carta, t.centro_y + 114})
+        superficie.fill_box({sinistra, y, destra, y + t.alt_carta}, colori::fascia);
+    for (int p : {1, 2})
+        if (t.n_calate(p) > 0)
+            calo_carte(p);
+    // The hand shows itself after each action: a card goes up and down again.
+    clic_mano(2, t.n_carte(1));
+    clic_mano(2, t.n_carte(1));
 }
 
 std::string contenuto(std::filesystem::path const& file)

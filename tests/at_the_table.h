@@ -16,6 +16,12 @@
 // none.
 void apparecchia(std::string_view testo);
 
+// The same on a window of that size, in the middle of a hand that has been dealt, and drawn as it stands.
+void in_scena(Pixels pixels, std::string_view testo);
+inline constexpr std::string_view a_meta_mano =
+    "mano2 2H 3S KD 5C 9D QC mano KH *10H *10S 8D *10C 4S AD 3H calate 5D 6D 7D 8D' | JH QH "
+    "KH' AH | 4C 4D' 4H | calate2 7S 8S 9S | KS KD' KC | pozzo 2C AC 6H tallone 9H' 2S";
+
 // The whole of a file, empty if there is none.
 std::string contenuto(std::filesystem::path const& file);
 

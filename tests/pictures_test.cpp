@@ -4,10 +4,8 @@
 #include "real_window.h"
 
 #include "at_the_table.h"
-#include "computer/hand_reading.h"
 #include "game/piles.h"
 #include "game/table_state.h"
-#include "melds/table_melds.h"
 #include "scoring/hand_scoring.h"
 #include "window/help_pages.h"
 #include "window/qt/main_window.h"
@@ -25,39 +23,9 @@ constexpr Pixels common{1366, 708}, large{1920, 1020}, huge{3840, 2100};  // scr
 std::string const hand =
     "mano2 2H 3S KD 5C 9D QC AS 7D 4H 10C 8S 6H JD mano 7D' 10D 2D' 6S QS 2D 5S 8S' 2C QC' 5C' "
     "QH 3S' pozzo AC tallone KC' 9H 2S";
-std::string const middle =
-    "mano2 2H 3S KD 5C 9D QC mano KH *10H *10S 8D *10C 4S AD 3H calate 5D 6D 7D 8D' | JH QH "
-    "KH' AH | 4C 4D' 4H | calate2 7S 8S 9S | KS KD' KC | pozzo 2C AC 6H tallone 9H' 2S";
 std::string const row =
     "mano2 2H 3S mano AC 9S calate AS 2S 3S 4S 5S 6S | 10H 10D 10C 10S | JC QC KC | 8H 8D 8C | "
     "2D 3D 4D 5D | calate2 QH QD QS | 6H 7H 8H' 9H 10H' JH QH' KH' AH' | 3C 4C 5C | pozzo 9D tallone 7C";
-
-// A hand dealt on a window of that size, then the cards of the text in its place.
-void lay_out(Pixels size, std::string const& text)
-{
-    avvia_programma(size);
-    fino_all_attesa();
-    while (tavolo.azione == 7)
-        clic(1, 512, 384);
-    fino_all_attesa();
-    while (tavolo.turno != 1)
-        fino_all_attesa();
-    ASSERT_TRUE(leggi_tavolo(text + " turno 1 pescato 1 cartaro 2"));
-    disegno_dorsi();
-    mostra_pozzo();
-    mostra_tallone();
-    Box const strip{tavolo.centro_x - 200, tavolo.centro_y - 134 - tavolo.alt_carta, tavolo.centro_x + 200,
-                    tavolo.centro_y - 134};
-    superficie.fill_box(strip, colori::fascia);
-    superficie.fill_box({strip.x1, tavolo.centro_y + 114, strip.x2, tavolo.centro_y + 114 + tavolo.alt_carta},
-                        colori::fascia);
-    for (int p : {1, 2})
-        if (tavolo.n_calate(p) > 0)
-            calo_carte(p);
-    // The hand shows itself after each action: a card goes up and down again.
-    clic_mano(2, tavolo.n_carte(1));
-    clic_mano(2, tavolo.n_carte(1));
-}
 
 void opening(Pixels size)
 {
@@ -67,7 +35,7 @@ void opening(Pixels size)
 
 void games(Pixels size)
 {
-    lay_out(size, "mano2 8H 3S KC mano AC 9S calate 5H 6H 7H | calate2 QH QD QS |");
+    in_scena(size, "mano2 8H 3S KC mano AC 9S calate 5H 6H 7H | calate2 QH QD QS |");
     tavolo.n_carte(1) = 0;
     tavolo.n_game = 20;
     for (int g = 1; g < 20; ++g)
@@ -94,13 +62,13 @@ struct Scene {
 
 std::vector<Scene> const scenes = {
     {"opening", {common, large}, opening},
-    {"dealt", {common, large, huge}, [](Pixels s) { lay_out(s, hand); }},
-    {"middle", {common, large, huge}, [](Pixels s) { lay_out(s, middle); }},
-    {"row", {common, large}, [](Pixels s) { lay_out(s, row); }},
+    {"dealt", {common, large, huge}, [](Pixels s) { in_scena(s, hand); }},
+    {"middle", {common, large, huge}, [](Pixels s) { in_scena(s, a_meta_mano); }},
+    {"row", {common, large}, [](Pixels s) { in_scena(s, row); }},
     {"games", {common, large, huge}, games},
-    {"rules", {common, large}, [](Pixels s) { lay_out(s, middle), istruzioni_Click(); }},
-    {"help", {common, large}, [](Pixels s) { lay_out(s, middle), menu_help_Click(); }},
-    {"about", {common}, [](Pixels s) { lay_out(s, middle), menu_about_Click(); }},
+    {"rules", {common, large}, [](Pixels s) { in_scena(s, a_meta_mano), istruzioni_Click(); }},
+    {"help", {common, large}, [](Pixels s) { in_scena(s, a_meta_mano), menu_help_Click(); }},
+    {"about", {common}, [](Pixels s) { in_scena(s, a_meta_mano), menu_about_Click(); }},
     {"names",
      {common, large},
      [](Pixels s) {
