@@ -25,19 +25,22 @@ void prova_con(Carta candidata)
 // The first suit that holds a run gives its longest; of equal ones the lowest.
 Trovata cerca_scala()
 {
-    static constexpr std::string_view tutte = "*************";
     for (int s = 0; s < 4; ++s) {
         auto const mappa_seme = tavolo.mappa(computer).riga(s);
-        for (int lung = 13; lung >= 3; --lung) {
-            auto const p = mappa_seme.find(tutte.substr(0, static_cast<std::size_t>(lung)));
-            if (p == std::string_view::npos)
-                continue;
-            Trovata trovata;
-            trovata.lung = lung;
-            for (int k = 1; k <= lung; ++k)
-                trovata.scelte(k) = static_cast<Byte>(codice(s, static_cast<int>(p) + k));
-            return trovata;
+        Trovata trovata;
+        int ultimo = 0;
+        for (int v = 1, di_fila = 0; v <= 13; ++v) {
+            di_fila = mappa_seme[static_cast<std::size_t>(v - 1)] == '*' ? di_fila + 1 : 0;
+            if (di_fila > trovata.lung) {
+                trovata.lung = di_fila;
+                ultimo = v;
+            }
         }
+        if (trovata.lung < 3)
+            continue;
+        for (int k = 1; k <= trovata.lung; ++k)
+            trovata.scelte(k) = static_cast<Byte>(codice(s, ultimo - trovata.lung + k));
+        return trovata;
     }
     return {};
 }
