@@ -9,11 +9,7 @@ std::mt19937 generatore;
 std::uint32_t azzeramento = 0;
 }  // namespace
 
-void azzera_caso(Integer numero)
-{
-    azzeramento = static_cast<std::uint32_t>(numero);
-    generatore.seed(azzeramento);
-}
+void azzera_caso(Integer numero) { azzeramento = static_cast<std::uint32_t>(numero); }
 
 void semina_caso(Single numero)
 {

@@ -5,8 +5,8 @@
 
 #include "game/bounded.h"
 
-void azzera_caso(Integer numero);  // begins anew from a fixed number
-void semina_caso(Single numero);   // goes on from that number and the last reset
+void azzera_caso(Integer numero);  // the reset, for the next seed
+void semina_caso(Single numero);   // begins anew from the last reset and that number
 
 // From 0 up to, never 1.
 Single caso();
