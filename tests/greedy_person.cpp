@@ -23,10 +23,10 @@ Slots best_meld(std::vector<int> const& carte)
     Serie<int, 52> slot;  // of each face; 0 where it is not held
     for (std::size_t s = 0; s < carte.size(); ++s)
         slot(prima_copia(carte[s])) = static_cast<int>(s) + 1;
-    Slots best(2);
+    Slots best(2), meld;
     for (bool const run : {true, false})
-        for (int face = 0; face < 52; ++face) {
-            Slots meld;
+        for (int face = 0; face < (run ? 52 : 13); ++face) {
+            meld.clear();
             for (int k = 0; k < (run ? 13 : 4); ++k) {
                 int const next = run ? face / 13 * 13 + (face + k) % 13 : face % 13 + k * 13;
                 if (slot(next + 1))
@@ -79,7 +79,8 @@ class Evening {
     {
         auto const& t = tavolo;
         hash_table();
-        played_->moves["computer attaches"] += std::exchange(finestra.beeps, 0);
+        if (finestra.beeps)
+            played_->moves["computer attaches"] += std::exchange(finestra.beeps, 0);
         bool const playing = t.azione != 7 && t.azione != 15 && t.n_carte(1) > 0 && t.n_carte(2) > 0;
         int const turno = playing ? int{t.turno} : 0;
         if (turno == turno_)
@@ -105,6 +106,7 @@ class Evening {
             bool const open = enabled(Menu::menu_continue);
             ++played_->hands;
             played_->matches += !open;
+            finestra.devices.clear();  // an evening is long
             menu(open ? Menu::menu_continue : Menu::menu_NewGame);
         } else if (!plan_.empty()) {
             auto const next = plan_.front();
