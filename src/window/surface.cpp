@@ -23,12 +23,16 @@ Box both(Box const& a, Box const& b)
     return {std::min(a.x1, b.x1), std::min(a.y1, b.y1), std::max(a.x2, b.x2), std::max(a.y2, b.y2)};
 }
 
-Box body(Mark const& m)
+Box reach(Mark const& m)
 {
     Box b = m.box;
     if (m.kind == Mark::Kind::line) {
         b.x2 = std::max(b.x2, b.x1 + 1);
         b.y2 = std::max(b.y2, b.y1 + 1);
+    }
+    if (m.kind == Mark::Kind::text) {
+        Single const margin = b.y2 - b.y1;
+        b = {b.x1 - margin, b.y1 - margin, b.x2 + margin, b.y2 + margin};
     }
     return b;
 }
@@ -38,26 +42,15 @@ Box body(Mark const& m)
 bool hides(Mark const& above, Mark const& below)
 {
     if (above.kind == Mark::Kind::fill)
-        return above.box.contains(body(below));
-    if (above.kind != below.kind)
+        return above.box.contains(below.kind == Mark::Kind::text ? below.box : below.reach);
+    if (above.box.x1 != below.box.x1 || above.box.y1 != below.box.y1 || above.kind != below.kind)
         return false;
     if (above.kind == Mark::Kind::text)
-        return above.box.x1 == below.box.x1 && above.box.y1 == below.box.y1 && above.testo == below.testo &&
-               above.font == below.font;
+        return above.testo == below.testo && above.font == below.font;
     return above.box == below.box;
 }
 
 }  // namespace
-
-Box reach(Mark const& mark)
-{
-    Box b = body(mark);
-    if (mark.kind == Mark::Kind::text) {
-        Single const margin = b.y2 - b.y1;
-        b = {b.x1 - margin, b.y1 - margin, b.x2 + margin, b.y2 + margin};
-    }
-    return b;
-}
 
 Surface::Surface() : font_{"MS Sans Serif", 7.8F} {}
 
@@ -69,32 +62,22 @@ void Surface::clear()
 
 void Surface::fill_box(Box box, Colore colore)
 {
-    add({.kind = Mark::Kind::fill, .box = box, .colore = colore, .figura = {}, .testo = {}, .font = {}});
+    add({.kind = Mark::Kind::fill, .box = box, .colore = colore});
 }
 
 void Surface::outline_box(Box box, Colore colore)
 {
-    add({.kind = Mark::Kind::outline, .box = box, .colore = colore, .figura = {}, .testo = {}, .font = {}});
+    add({.kind = Mark::Kind::outline, .box = box, .colore = colore});
 }
 
 void Surface::line(Single x1, Single y1, Single x2, Single y2, Colore colore)
 {
-    add({.kind = Mark::Kind::line,
-         .box = {x1, y1, x2, y2},
-         .colore = colore,
-         .figura = {},
-         .testo = {},
-         .font = {}});
+    add({.kind = Mark::Kind::line, .box = {x1, y1, x2, y2}, .colore = colore});
 }
 
 void Surface::paint_picture(Figura figura, Single x, Single y, Single larghezza, Single altezza)
 {
-    add({.kind = Mark::Kind::picture,
-         .box = {x, y, x + larghezza, y + altezza},
-         .colore = {},
-         .figura = figura,
-         .testo = {},
-         .font = {}});
+    add({.kind = Mark::Kind::picture, .box = {x, y, x + larghezza, y + altezza}, .figura = figura});
 }
 
 void Surface::print_at(Single x, Single y)
@@ -111,7 +94,6 @@ void Surface::print(std::string_view testo)
     add({.kind = Mark::Kind::text,
          .box = {print_x_, print_y_, print_x_ + larghezza, print_y_ + text_height(font_)},
          .colore = colore_testo_,
-         .figura = {},
          .testo = std::string(testo),
          .font = font_});
     print_x_ += larghezza;
@@ -126,18 +108,19 @@ void Surface::print_line(std::string_view testo)
 void Surface::add(Mark mark)
 {
     mark.box = with_corners_in_order(mark.box);
-    Box changed = reach(mark);
+    mark.reach = reach(mark);
+    Box changed = mark.reach;
 
     std::erase_if(marks_, [&](Mark const& older) {
         if (!hides(mark, older))
             return false;
-        changed = both(changed, reach(older));
+        changed = both(changed, older.reach);
         return true;
     });
 
     bool const invisible =
         mark.kind == Mark::Kind::fill && mark.colore == background &&
-        std::ranges::none_of(marks_, [&](Mark const& older) { return meet(mark.box, reach(older)); });
+        std::ranges::none_of(marks_, [&](Mark const& older) { return meet(mark.box, older.reach); });
     if (!invisible)
         marks_.push_back(std::move(mark));
     repaint(changed);

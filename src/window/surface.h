@@ -40,9 +40,9 @@ constexpr Figura dorsov(int mazzo) { return 53 + mazzo; }
 constexpr Figura faccia(Carta codice) { return prima_copia(codice); }
 constexpr Figura dorso(Carta codice) { return dorsov(codice > 52 ? 1 : 0); }
 
-// Always bold. The name is asked of the system; the size is in points.
+// Always bold. The name, a literal, is asked of the system; the size is in points.
 struct Font {
-    std::string nome;
+    std::string_view nome;
     Single punti = 0;
     bool operator==(Font const&) const = default;
 };
@@ -50,15 +50,13 @@ struct Font {
 struct Mark {
     enum class Kind : Byte { fill, outline, line, picture, text };
     Kind kind = Kind::fill;
-    Box box;            // a text's box runs from the print position over its width and height
-    Colore colore;      // not of a picture
-    Figura figura;      // of a picture
-    std::string testo;  // of a text, UTF-8, never empty
-    Font font;          // of a text
+    Box box{};            // a text's box runs from the print position over its width and height
+    Colore colore{};      // not of a picture
+    Figura figura{};      // of a picture
+    std::string testo{};  // of a text, UTF-8, never empty
+    Font font{};          // of a text
+    Box reach{};          // where it may leave its pixels: letters overhang their cell; the surface sets it
 };
-
-// Where a mark may leave its pixels. Letters overhang their cell.
-Box reach(Mark const& mark);
 
 class Surface {
   public:

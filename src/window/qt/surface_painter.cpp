@@ -23,9 +23,9 @@ QString installed_family(QString const& name)
 
 }  // namespace
 
-QFont const& large_font(std::string const& name)
+QFont const& large_font(std::string_view name)
 {
-    static std::map<std::string, QFont> known;
+    static std::map<std::string_view, QFont> known;
     auto const [at, is_new] = known.try_emplace(name);
     if (is_new) {
         QFont& f = at->second;

@@ -13,7 +13,7 @@
 // The font of that name, bold, in a size in which its letters are drawn and measured for all: under a scale
 // they keep their widths at every size.
 inline constexpr int large_pixels = 160;
-QFont const& large_font(std::string const& name);
+QFont const& large_font(std::string_view name);
 
 class SurfacePainter {
   public:
@@ -27,7 +27,7 @@ class SurfacePainter {
     void background();
     void mark(Mark const& mark);
     // Where a mark may leave its pixels.
-    QRect reach(Mark const& mark) const { return scale_.rect(::reach(mark)); }
+    QRect reach(Mark const& mark) const { return scale_.rect(mark.reach); }
 
   private:
     void text(Mark const& mark);
