@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Ends the program when the widget has been painted for the n-th time and tells how long that took since the
-// moment that the driver wrote into argv[1] (nanoseconds of the steady clock).
+// Ends the program when the widget has been painted and tells how long that took since the moment that the
+// driver wrote into argv[1] (nanoseconds of the steady clock).
 #pragma once
 
 #include <QApplication>
