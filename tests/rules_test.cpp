@@ -226,9 +226,9 @@ TEST_F(Rules, TheComputersTurns)
         auto prima = stendi_tutto(t);
         for (int k = 0; k < 3 && !t.mano.empty(); ++k, --turni) {
             finestra.beeps = 0;
-            azzera_caso(static_cast<Integer>(turni % 1000));
+            semina_caso(static_cast<Single>(turni));
             turno(t, caso());
-            azzera_caso(static_cast<Integer>(turni % 1000));
+            semina_caso(static_cast<Single>(turni));
             ASSERT_TRUE(gioca(Gioco2()));
             ASSERT_TRUE(finestra.beeps == t.attaccato && tavolo.n_calo(1) == t.calato + t.attaccato) << prima;
             auto const dopo = mostra() + std::string(tavolo.mappa(2).testo());
