@@ -5,8 +5,45 @@
 
 #include <QApplication>
 
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <new>
+#include <unistd.h>
+
+namespace {
+
+// No file or connection of the program gets a number that messages are written to.
+void keep_standard_streams()
+{
+    int file = open("/dev/null", O_RDWR);
+    while (file >= 0 && file <= STDERR_FILENO)
+        file = open("/dev/null", O_RDWR);
+    close(file);
+}
+
+// Where nothing can be shown the program ends with a sentence and a status; Qt would abort and leave a core.
+void say(QtMsgType type, QMessageLogContext const& context, QString const& text)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+    if (type == QtFatalMsg)
+        std::_Exit(EXIT_FAILURE);
+}
+
+void no_memory()
+{
+    std::fputs("SollevinoDue: memoria esaurita.\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+}  // namespace
+
 int main(int, char** argv)
 {
+    keep_standard_streams();
+    std::set_new_handler(no_memory);
+    qInstallMessageHandler(say);
+
     int only_the_name = 1;
     prepare_application();
     QApplication application(only_the_name, argv);
