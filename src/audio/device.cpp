@@ -6,6 +6,7 @@
 #include <future>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -171,7 +172,11 @@ void start_devices(std::function<void(std::function<void()>)> post, std::functio
     the_desk->load = std::move(load);
     std::packaged_task<void()> task([d = the_desk] { work(d); });
     worker_left = task.get_future();
-    worker = std::thread(std::move(task));
+    try {
+        worker = std::thread(std::move(task));
+    } catch (std::system_error const&) {
+        the_desk.reset();  // no thread, no sound
+    }
 }
 
 void stop_devices()
