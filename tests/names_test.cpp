@@ -90,6 +90,10 @@ TEST_F(Names, StandAnythingInThePlaceOfTheirFile)
     ASSERT_EQ(mkfifo((dir / "Players").c_str(), 0600), 0);
     EXPECT_EQ(read(), "Player1/Player2");
     fs::remove(dir / "Players");
+    fs::create_directories(dir / "Players.new" / "x");
+    Registra_Players();
+    EXPECT_FALSE(fs::exists(dir / "Players"));
+    fs::remove_all(dir / "Players.new");
     set_folders({}, {});
     Registra_Players();
     EXPECT_EQ(read(), "Player1/Player2");

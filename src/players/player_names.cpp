@@ -80,6 +80,8 @@ void Registra_Players()
 {
     auto const& t = tavolo;
     auto const file = file_to_write("Players");
+    if (file.empty())
+        return;
     auto nuovo = file;
     nuovo += ".new";
     std::ofstream out(nuovo, std::ios::binary | std::ios::trunc);
