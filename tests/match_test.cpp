@@ -231,16 +231,22 @@ TEST(Match, MenuStatesFollowTheMomentsOfTheTable)
 
 TEST(Match, EndsAt1500AndNotAt1499)
 {
-    for (int const fine : {1499, 1500}) {
+    struct Caso {
+        int fine, computer;
+        bool finita;
+    };
+    for (auto const& [fine, computer, finita] :
+         {Caso{1499, 0, false}, Caso{1500, 0, true}, Caso{0, 2000, true}}) {
         avvia_programma();
         fino_al_primo_turno();
         umano_quasi_fuori();
         tavolo.totale(1) = fine - valore_calate(1);
+        tavolo.totale(2) = computer;
         pesca_tallone()();
         clic_mano(1, 1);
         fino_all_attesa();
         EXPECT_EQ(tavolo.totale(1), fine);
-        EXPECT_EQ(enabled(Menu::menu_continue), fine != 1500);
+        EXPECT_EQ(enabled(Menu::menu_continue), !finita);
         EXPECT_TRUE(enabled(Menu::menu_NewGame));
     }
 }
