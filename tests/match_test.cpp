@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
 #include <set>
 #include <utility>
 
@@ -266,6 +267,34 @@ TEST(Match, TheTwentyFirstHandMovesTheRowsUp)
     EXPECT_EQ(std::stoi(righe.back().testo), tavolo.punti(2, 20) - tavolo.penali(2, 20));
     EXPECT_LE(righe.back().box.y2, tavolo.centro_y + 110)
         << "twenty rows and the totals stay inside the panel";
+}
+
+TEST(Match, AHandThatNobodyCanEndGoesOnUntilThePlayerQuits)
+{
+    avvia_programma();
+    for (fino_al_primo_turno(); tavolo.turno != 1;)
+        fino_all_attesa();
+    std::string testo = "turno 1 mano KH mano2 KD calate AH AD AC AS | 2H 2D 2C 2S | 3H 3D 3C 3S | "
+                        "calate2 4H 4D 4C 4S | 5H 5D 5C 5S | 6H 6D 6C 6S | pozzo QS tallone ";
+    for (int carta = 1; carta <= carte_mazzo; ++carta)
+        if (testo.find(' ' + nome_carta(carta) + ' ') == std::string::npos)
+            testo += nome_carta(carta) + ' ';
+    ASSERT_TRUE(leggi_tavolo(testo));
+
+    std::size_t memoria = 0;
+    for (int turno = 1; turno <= 3000; ++turno) {
+        pesca_tallone()();
+        clic_mano(1, 1);
+        fino_all_attesa();
+        ASSERT_EQ(guasto_tavolo(), "") << mostra_tutto();
+        ASSERT_TRUE(tavolo.turno == 1 && tavolo.n_carte(1) == 1 && tavolo.n_carte(2) == 1);
+        if (turno == 1000)
+            memoria = mallinfo2().uordblks;
+    }
+    EXPECT_LT(mallinfo2().uordblks, memoria + 4096);
+    finestra.answer_yes = true;
+    menu(Menu::esci);
+    EXPECT_TRUE(finestra.ended);
 }
 
 TEST(Match, ClosingTheNamesPageStartsItAnewTenThousandTimes)
