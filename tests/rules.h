@@ -222,7 +222,8 @@ inline Carte::iterator scarto(Carte& mano, float caso)
 {
     auto const facce = tutti(mano, faccia);
     auto const pochi = [&](int s) { return (quanti(facce, s * 13 + 1, s * 13 + 13) + 13) % 14; };
-    int const s = std::ranges::min({0, 1, 2, 3}, {}, pochi);
+    int const semi[] = {0, 1, 2, 3};
+    int const s = *std::ranges::min_element(semi, {}, pochi);
     int scelto = solo(facce, s, 1, 1, 4) ? 1 : solo(facce, s, 13, 10, 13) ? 13 : 0;
     for (int posto = 6; posto >= 1; --posto)
         for (int v = 1 + posto; v <= 13 - posto && scelto == 0; ++v)
