@@ -7,19 +7,23 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <new>
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
 #include <unistd.h>
+#endif
 
 namespace {
 
 // No file or connection of the program gets a number that messages are written to.
 void keep_standard_streams()
 {
+#ifdef Q_OS_UNIX
     int file = open("/dev/null", O_RDWR);
     while (file >= 0 && file <= STDERR_FILENO)
         file = open("/dev/null", O_RDWR);
     close(file);
+#endif
 }
 
 // Where nothing can be shown the program ends with a sentence and a status; Qt would abort and leave a core.
