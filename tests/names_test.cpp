@@ -157,11 +157,14 @@ TEST_F(Names, StandInWhiteForThePlayerOnTurn)
 TEST(Folders, APortableFolderKeepsEverythingAndAnInstalledOneWritesToTheUsers)
 {
     fs::path const dir = own_folder("folders");
+    fs::path const shared = dir / "prefix" / "share" / "games" / "sollevinodue";
     fs::remove_all(dir);
     fs::create_directories(dir / "prefix" / "games");
-    fs::create_directories(dir / "prefix" / "share" / "games" / "sollevinodue" / "music");
+    fs::create_directories(shared / "music");
+    std::ofstream(dir / "prefix" / "games" / "music") << "a program of that name";
+    std::ofstream(shared / "music" / "tune") << "a tune";
     set_folders(dir / "prefix" / "games", dir / "user");
-    EXPECT_EQ(file_to_read("music"), dir / "prefix" / "share" / "games" / "sollevinodue" / "music");
+    EXPECT_EQ(file_to_read("music/tune"), shared / "music" / "tune");
     EXPECT_EQ(file_to_write("Players"), dir / "user" / "Players");
     EXPECT_TRUE(fs::is_directory(dir / "user"));
     fs::create_directories(dir / "portable" / "sounds");

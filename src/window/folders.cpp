@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/folders.h"
 
-#include <initializer_list>
 #include <system_error>
 #include <unistd.h>
 #include <vector>
@@ -19,11 +18,12 @@ bool is_there(fs::path const& p)
     return fs::exists(p, nessuno);
 }
 
+// A program called music or sounds in a folder of programs makes no portable folder of it.
 bool portable(fs::path const& folder)
 {
-    bool ours = false;
-    for (char const* nome : {"music", "sounds", "Players"})
-        ours = ours || is_there(folder / nome);
+    std::error_code nessuno;
+    bool const ours = fs::is_directory(folder / "music", nessuno) ||
+                      fs::is_directory(folder / "sounds", nessuno) || is_there(folder / "Players");
     return ours && access(folder.c_str(), W_OK) == 0;
 }
 
