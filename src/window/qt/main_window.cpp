@@ -26,7 +26,7 @@ void prepare_application()
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication::setApplicationName(QStringLiteral("sollevinodue"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("sollevinodue"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("arpa.home.sollevinodue"));
     QFont::insertSubstitution(QStringLiteral("Brush Script MT"), QStringLiteral("Kaushan Script"));
     QFont::insertSubstitution(QStringLiteral("Arial"), QStringLiteral("Liberation Sans"));
     QFont::insertSubstitution(QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"));
