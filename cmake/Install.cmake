@@ -8,6 +8,7 @@ if(SOLLEVINO_PORTABLE)
   set(program_dir .)
   set(library_dir .)
   set(data_dir .)
+  add_compile_options("-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")  # the same bytes from any folder
 else()
   if(SOLLEVINO_BINDIR MATCHES "/")
     message(FATAL_ERROR "SOLLEVINO_BINDIR is a folder right below the prefix, as bin or games")
