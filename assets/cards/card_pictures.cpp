@@ -4,7 +4,4 @@
 #include <QDir>
 
 // The resources lie in a static library, where nothing but this call keeps the linker from dropping them.
-void init_card_pictures()
-{
-    Q_INIT_RESOURCE(cards);
-}
+void init_card_pictures() { Q_INIT_RESOURCE(cards); }

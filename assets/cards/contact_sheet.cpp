@@ -27,10 +27,7 @@ QString nome(int codice)
                        : QString("carta%1").arg(codice, 2, 10, QChar('0'));
 }
 
-int alta(int larga)
-{
-    return static_cast<int>(std::lround(larga * 153.0 / 96));
-}
+int alta(int larga) { return static_cast<int>(std::lround(larga * 153.0 / 96)); }
 
 void disegna(QPainter& p, QString const& carta, int x, int y, int larga)
 {

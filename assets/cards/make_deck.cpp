@@ -138,10 +138,7 @@ Testo foglio(Disegni const& disegni, Testo const& contenuto)
 
 constexpr std::string_view rettangolo = "x='.5' y='.5' width='95' height='152' rx='5.5'";
 
-Testo base()
-{
-    return unisci("<rect ", rettangolo, " fill='@carta' stroke='@bordo'/>\n");
-}
+Testo base() { return unisci("<rect ", rettangolo, " fill='@carta' stroke='@bordo'/>\n"); }
 
 Testo indice(int numero, Seme const& seme)
 {

@@ -110,18 +110,9 @@ inline constexpr double tra_colonne = 17.6;
 inline constexpr double prima_riga = 22.5;
 inline constexpr double tra_dodicesimi = (altezza - 2 * prima_riga) / 12;
 
-constexpr double x_pip(Posto p)
-{
-    return larghezza / 2 + tra_colonne * p.colonna;
-}
-constexpr double y_pip(Posto p)
-{
-    return prima_riga + tra_dodicesimi * p.riga;
-}
-constexpr bool capovolto(Posto p)
-{
-    return p.riga > 6;
-}
+constexpr double x_pip(Posto p) { return larghezza / 2 + tra_colonne * p.colonna; }
+constexpr double y_pip(Posto p) { return prima_riga + tra_dodicesimi * p.riga; }
+constexpr bool capovolto(Posto p) { return p.riga > 6; }
 
 // From the Two to the Ten.
 inline std::vector<std::vector<Posto>> const posti{

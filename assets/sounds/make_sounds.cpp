@@ -20,14 +20,8 @@ using Sound = std::vector<double>;
 constexpr int rate = 44100;
 constexpr double two_pi = 2 * std::numbers::pi;
 
-constexpr double seconds(std::size_t i)
-{
-    return double(i) / rate;
-}
-Sound silence(double length)
-{
-    return Sound(std::size_t(length * rate));
-}
+constexpr double seconds(std::size_t i) { return double(i) / rate; }
+Sound silence(double length) { return Sound(std::size_t(length * rate)); }
 
 // White noise, -1 to 1. The raw numbers of the generator are the same everywhere, its distributions are not.
 class Noise {
