@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Where `cmake --install` puts things. The program finds the rest from its own folder, so these places go together.
 include(GNUInstallDirs)
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # How every target of the project is compiled: target_link_libraries(NAME PRIVATE sollevinodue_options).
 add_library(sollevinodue_options INTERFACE)
 

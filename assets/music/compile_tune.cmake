@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Compiles one score: cmake -D ABC2MIDI=program -D SCORE=file.abc -D MIDI=file.mid -P compile_tune.cmake
 # abc2midi leaves with 0 whatever it finds, so what it says decides. It says the name of the file it writes too,
 # which is why it gets that without its folder.
