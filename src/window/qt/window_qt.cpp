@@ -10,8 +10,10 @@
 #include <QFontMetricsF>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QTime>
+#include <QtMath>
 
 namespace {
 
@@ -24,6 +26,32 @@ struct Question : QMessageBox {
             label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 36);
     }
 };
+
+// Most systems' hourglass moves, and on Wayland a moving pointer ends a program with Qt 6.4 after some
+// seconds: its client library reads a callback that it has just freed. So there the game draws one that
+// stands still.
+QCursor hourglass(QWidget const& window)
+{
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        return Qt::WaitCursor;
+    constexpr int side = 24;
+    int const pixels = qCeil(window.devicePixelRatioF());
+    QPixmap picture(side * pixels, side * pixels);
+    picture.setDevicePixelRatio(pixels);
+    picture.fill(Qt::transparent);
+    QPainter p(&picture);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(Qt::black, 1.5));
+    p.setBrush(Qt::white);
+    p.drawPolygon(QPolygonF(
+        {{6, 4}, {18, 4}, {18, 7}, {13, 12}, {18, 17}, {18, 20}, {6, 20}, {6, 17}, {11, 12}, {6, 7}}));
+    p.setBrush(Qt::black);
+    p.drawPolygon(QPolygonF({{8, 19}, {12, 15}, {16, 19}}));
+    p.drawRect(QRectF(4, 2, 16, 2));
+    p.drawRect(QRectF(4, 20, 16, 2));
+    p.end();
+    return QCursor(picture, side / 2, side / 2);
+}
 
 }  // namespace
 
@@ -58,7 +86,7 @@ void mouse_pointer(Pointer forma)
     switch (forma) {
     case Pointer::arrow: return w->table().setCursor(Qt::ArrowCursor);
     case Pointer::up_arrow: return w->table().setCursor(Qt::UpArrowCursor);
-    case Pointer::hourglass: return w->table().setCursor(Qt::WaitCursor);
+    case Pointer::hourglass: return w->table().setCursor(hourglass(*w));
     }
 }
 
