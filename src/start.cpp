@@ -18,7 +18,7 @@ constexpr int moment = 150;  // milliseconds, enough for the first picture
 std::filesystem::path path(QString const& text) { return text.toStdU16String(); }
 
 // The player lies beside the executable, or where an installation keeps it. Without it the game is silent.
-std::unique_ptr<audio::Player> load_player(audio::Tell tell)
+std::unique_ptr<audio::Player> load_player(audio::Tell const& tell)
 {
     QString const folder = QCoreApplication::applicationDirPath();
     for (char const* place : {"/", "/../lib/sollevinodue/"}) {

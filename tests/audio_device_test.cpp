@@ -47,8 +47,10 @@ std::string endless() { return tune(std::vector<int>(10'000, low)); }
 std::string wave(double frequency, double seconds, int wave_rate = rate, int channels = 1)
 {
     Samples data(std::size_t(seconds * wave_rate) * std::size_t(channels));
-    for (int i = 0; auto& sample : data)
-        sample = std::int16_t(8000 * std::sin(turn * frequency * (i++ / channels) / wave_rate));
+    for (int i = 0; auto& sample : data) {
+        int const frame = i++ / channels;
+        sample = std::int16_t(8000 * std::sin(turn * frequency * frame / wave_rate));
+    }
     unsigned const n = unsigned(data.size() * 2), riff = 36 + n;
     int const format[]{16, 1 | channels << 16, wave_rate, wave_rate * channels * 2, channels * 2 | 16 << 16};
     auto const raw = [](auto* p, unsigned size) {

@@ -32,6 +32,6 @@ QPixmap CardPixmaps::get(Figura figura, QSize size)
     QPainter painter(&pixmap);
     QSvgRenderer(picture_path(figura)).render(&painter);
     painter.end();
-    pixmaps_.insert(key, new QPixmap(pixmap), size.width() * size.height() * 4);
+    pixmaps_.insert(key, new QPixmap(pixmap), qsizetype{4} * size.width() * size.height());
     return pixmap;
 }
