@@ -93,8 +93,10 @@ void TableView::paintEvent(QPaintEvent* event)
         open_table();
 
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(1 / ratio(), 1 / ratio());
+    // Pictures fall on whole pixels. To ask for smooth ones then costs Qt's way for pictures that are turned.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          painter.deviceTransform().type() > QTransform::TxTranslate);
     if (pictures_ratio_ != ratio()) {
         pictures_.clear();
         pictures_ratio_ = ratio();
