@@ -31,11 +31,12 @@ std::vector<Turn> const& turns()
 {
     static auto const all = [] {
         std::vector<Turn> found;
-        int seen = 0;
+        bool was = false;
         gioca_partite(60, 1, [&] {
-            if (finestra.computer_turns > seen)
+            bool const now = finestra.pointer == Pointer::hourglass;
+            if (now && !was)
                 found.push_back({tavolo, superficie});
-            seen = finestra.computer_turns;
+            was = now;
         });
         return found;
     }();

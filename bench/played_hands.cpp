@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // played_hands [MATCHES] [SEED]: whole matches of the computer against a simple greedy person, without a
-// screen. Prints what was played and, last, one number over all tables in order; as messages the memory at
-// the end and its peak, which do not depend on the number of matches.
+// screen. Prints what was played and, last, one number over all tables and one over all that was shown and
+// heard, each in order; as messages the memory at the end and its peak, which do not depend on the number of
+// matches.
 #include "greedy_person.h"
 
 #include <cstdlib>
@@ -13,8 +14,8 @@ int main(int argc, char** argv)
 {
     int const matches = argc > 1 ? std::atoi(argv[1]) : 20;
     auto const seed = static_cast<std::uint32_t>(argc > 2 ? std::atoi(argv[2]) : 1);
-    auto const forget = [] { finestra.devices.clear(), finestra.boxes.clear(); };
-    std::cout << to_text(gioca_partite(matches, seed, forget)) << '\n';
+    auto const played = gioca_partite(matches, seed);
+    std::cout << to_text(played) << '\n' << shown(played, seed) << '\n';
 
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);)

@@ -6,10 +6,10 @@
 #include "game/table_state.h"
 #include "melds/table_melds.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -34,7 +34,7 @@ void leggi(std::string_view testo)
 {
     if (leggi_tavolo(testo))
         return;
-    ADD_FAILURE() << "no table: " << testo;
+    std::fprintf(stderr, "no table: %s\n", std::string(testo).c_str());
     std::abort();
 }
 

@@ -22,7 +22,7 @@ TEST(Events, AMillionOfThemAtRandomHarmNothing)
         for (int burst = 1 + byte() % 3; burst > 0; --burst, ++done)
             evento([&] { random_event(byte); });
         finestra.boxes.clear();
-        finestra.devices.clear();
+        finestra.log.clear();
         runner.resume();
         if (byte() % 3 == 0)
             scatta_timer();

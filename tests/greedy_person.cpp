@@ -2,12 +2,16 @@
 #include "greedy_person.h"
 
 #include "at_the_table.h"
+#include "audio/sound_music.h"
 #include "game/piles.h"
 #include "game/table_state.h"
+#include "human/pointer_input.h"
 #include "melds/attach_rules.h"
 #include "melds/table_melds.h"
+#include "players/player_names.h"
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <set>
 #include <sstream>
@@ -70,7 +74,10 @@ Single where_to_attach(int carta)
 
 class Evening {
   public:
-    Evening(std::uint32_t seed, PlayedHands& played) : random_(seed), played_(&played) {}
+    Evening(std::uint32_t seed, PlayedHands& played, bool restless)
+        : random_(seed), played_(&played), restless_(restless)
+    {
+    }
 
     bool too_long() const { return turns_ > max_turns; }
 
@@ -79,6 +86,7 @@ class Evening {
     {
         auto const& t = tavolo;
         hash_table();
+        hash_log();
         if (finestra.beeps)
             played_->moves["computer attaches"] += std::exchange(finestra.beeps, 0);
         bool const playing = t.azione != 7 && t.azione != 15 && t.n_carte(1) > 0 && t.n_carte(2) > 0;
@@ -100,13 +108,15 @@ class Evening {
     void act()
     {
         auto const& t = tavolo;
-        if (t.azione == 7) {
+        if (restless_ && random(8) == 0) {
+            fidget();
+        } else if (t.azione == 7) {
             clic(1, 512, 384);
         } else if (t.n_carte(1) == 0 || t.n_carte(2) == 0) {
             bool const open = enabled(Menu::menu_continue);
             ++played_->hands;
             played_->matches += !open;
-            finestra.devices.clear();  // an evening is long
+            lazy_ = restless_ && random(3) == 0;
             menu(open ? Menu::menu_continue : Menu::menu_NewGame);
         } else if (!plan_.empty()) {
             auto const next = plan_.front();
@@ -148,6 +158,16 @@ class Evening {
             add(value);
     }
 
+    void hash_log()
+    {
+        auto& hash = played_->shown;
+        for (auto const& line : finestra.log)
+            for (char const c : line + '\n')
+                hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+        finestra.log.clear();
+        finestra.boxes.clear();
+    }
+
     void computer_has_played()
     {
         bool const stock = tavolo.cima_tallone != cima_;
@@ -185,6 +205,8 @@ class Evening {
             return clic_mano(1, 1);  // a click beside the row has left them up
         if (random(60) == 0)
             return silly();
+        if (lazy_)
+            return discard(carte);
         if (auto const meld = best_meld(carte); !meld.empty()) {
             auto const suit = [&](std::size_t k) {
                 return Seme(carte[static_cast<std::size_t>(meld[k] - 1)]);
@@ -228,6 +250,35 @@ class Evening {
         clic_mano(1, static_cast<int>(std::ranges::max_element(carte, {}, score) - carte.begin()) + 1);
     }
 
+    // Something that is no move of the game.
+    void fidget()
+    {
+        count("person fidgets");
+        switch (random(10)) {
+        case 0: return menu(velocità(1 + random(n_velocità)));
+        case 1: return menu(canzoni(1 + random(n_canzoni)));
+        case 2: return menu(random(2) ? Menu::nomusic : Menu::all);
+        case 3: return menu(random(2) ? Menu::menu_card_rustle_no : Menu::menu_card_rustle_yes);
+        case 4: return menu(std::array{Menu::istruzioni, Menu::menu_about, Menu::menu_help}[random_() % 3]);
+        case 5: return menu(Menu::esci);
+        case 6: return evento([] { MMC1_Done(1); });
+        case 7: return evento([this] { Form_MouseMove(0, 0, 400, random(2) ? 520.0F : 20.0F); });
+        case 8:
+            return evento([this] {
+                client_size({1024, 700 + random(100)});
+                Form_Resize();
+            });
+        default: break;
+        }
+        menu(Menu::personalize_players);
+        if (tavolo.azione != 7)
+            return;
+        set_text(TxtPlayer(1), random(2) ? "anna" : "");
+        TxtPlayer_Change(1);
+        if (random(2))
+            clic(1, 100, 120);
+    }
+
     void silly()
     {
         int const what = random(5), n = tavolo.n_carte(1);
@@ -251,20 +302,22 @@ class Evening {
     PlayedHands* played_;
     std::deque<Azione> plan_;
     std::set<int> tried_;
+    bool restless_, lazy_ = false;
     int turns_ = 0, turno_ = 0;  // of this hand; whose turn it is, 0 between two hands
     int cima_ = 0;               // of the stock when the turn began
 };
 
 }  // namespace
 
-PlayedHands gioca_partite(int matches, std::uint32_t seed, std::function<void()> const& at_each_wait)
+PlayedHands gioca_partite(int matches, std::uint32_t seed, std::function<void()> const& at_each_wait,
+                          bool restless)
 {
     PlayedHands played;
     auto const begin = [&] {
         auto const now = seed + static_cast<std::uint32_t>(played.abandoned);
         avvia_programma();
         finestra.day_began = now % 86400U;
-        return Evening(now, played);
+        return Evening(now, played, restless);
     };
     auto evening = begin();
     while (played.matches + played.abandoned < matches) {
@@ -288,5 +341,14 @@ std::string to_text(PlayedHands const& played)
     for (auto const& [move, times] : played.moves)
         text << times << ' ' << move << '\n';
     text << std::hex << played.hash;
+    return text.str();
+}
+
+std::string shown(PlayedHands const& played, std::uint32_t seed)
+{
+    auto const restless = gioca_partite((played.matches + 9) / 10, seed, [] {}, true);
+    std::ostringstream text;
+    text << "shown " << std::hex << (played.shown ^ restless.shown * 31) << std::dec << ", " << restless.hands
+         << " restless hands, " << restless.moves.at("person fidgets") << " times fidgeting";
     return text.str();
 }

@@ -15,15 +15,23 @@
 
 struct PlayedHands {
     int matches = 0, abandoned = 0, hands = 0, turns = 0, most_turns = 0;
-    std::map<std::string, int> moves;            // how often each source and each kind of move was taken
-    std::uint64_t hash = 14695981039346656037U;  // of all tables at all waits, in order
+    std::map<std::string, int> moves;             // how often each source and each kind of move was taken
+    std::uint64_t hash = 14695981039346656037U;   // of all tables at all waits, in order
+    std::uint64_t shown = 14695981039346656037U;  // of all that was shown and heard, in order
 };
 
 // Plays so many matches. A hand need not end: two players with one card each may go on for ever. So the
 // person gets up after max_turns turns of one hand, the program is started anew, and the match counts as
-// abandoned. at_each_wait is called at every wait of the game.
+// abandoned. at_each_wait is called at every wait of the game. A restless person also plays with the menus,
+// the window's size, the names and the speed, and now and then lays nothing for a whole hand.
 inline constexpr int max_turns = 600;
 PlayedHands gioca_partite(
-    int matches, std::uint32_t seed, std::function<void()> const& at_each_wait = [] {});
+    int matches, std::uint32_t seed, std::function<void()> const& at_each_wait = [] {},
+    bool restless = false);
 
+// What was played, and the number over all tables.
 std::string to_text(PlayedHands const& played);
+
+// The number over all that is shown and heard in such a series and in a restless one of a tenth of its
+// length.
+std::string shown(PlayedHands const& played, std::uint32_t seed);

@@ -11,9 +11,10 @@ namespace {
 
 std::vector<std::string> comandi()
 {
-    auto c = finestra.devices;
-    finestra.devices.clear();
-    return c;
+    auto righe = std::exchange(finestra.log, {});
+    std::erase_if(righe,
+                  [](auto const& r) { return !r.starts_with("music ") && !r.starts_with("effects "); });
+    return righe;
 }
 
 std::string segnate()

@@ -4,13 +4,81 @@
 #include "audio/device.h"
 #include "game/match_loop.h"
 #include "game/table_state.h"
+#include "game/table_text.h"
 #include "human/pointer_input.h"
 
 #include <cmath>
+#include <cstdlib>
+#include <utility>
 
 SilentWindow finestra;
 
-void repaint(Box const&) {}
+namespace {
+
+constexpr Box tutto{0, 0, griglia_x, griglia_y};
+
+// Hundredths, without the zeros behind.
+std::string numero(Single v)
+{
+    long const centesimi = std::lround(static_cast<double>(v) * 100);
+    std::string testo = (centesimi < 0 ? "-" : "") + std::to_string(std::labs(centesimi) / 100);
+    if (long const resto = std::labs(centesimi) % 100; resto != 0)
+        testo +=
+            (resto < 10 ? ".0" : ".") + std::to_string(resto % 10 == 0 && resto >= 10 ? resto / 10 : resto);
+    return testo;
+}
+std::string coppia(Single x, Single y) { return " " + numero(x) + "," + numero(y); }
+std::string scatola(Box const& b) { return coppia(b.x1, b.y1) + coppia(b.x2, b.y2); }
+std::string colore(Colore c)
+{
+    return " " + std::to_string(c.rosso) + "." + std::to_string(c.verde) + "." + std::to_string(c.blu);
+}
+
+std::string segno(Mark const& m)
+{
+    auto const [x, y] = std::pair(m.box.x1, m.box.y1);
+    switch (m.kind) {
+    case Mark::Kind::fill: return "fill" + scatola(m.box) + colore(m.colore);
+    case Mark::Kind::outline: return "outline" + scatola(m.box) + colore(m.colore);
+    case Mark::Kind::line: return "line" + scatola(m.box) + colore(m.colore);
+    case Mark::Kind::picture:
+        return "picture " + (m.figura > 52 ? "back " + std::to_string(m.figura - 53) : nome_carta(m.figura)) +
+               coppia(x, y) + " size" + coppia(m.box.x2 - x, m.box.y2 - y);
+    case Mark::Kind::text: break;
+    }
+    return "text \"" + m.testo + "\"" + coppia(x, y) + " " + std::string(m.font.nome) + " " +
+           numero(m.font.punti) + colore(m.colore);
+}
+
+void nota(std::string riga) { finestra.log.push_back(std::move(riga)); }
+
+std::string file[2];
+void nota(Device d, std::string const& che)
+{
+    auto const& nome = file[static_cast<int>(d)];
+    nota((d == Device::music ? "music " : "effects ") + che + (nome.empty() ? "" : " ") + nome);
+}
+
+}  // namespace
+
+std::vector<std::string> annotate(std::string_view inizio)
+{
+    std::vector<std::string> righe;
+    for (auto const& riga : std::exchange(finestra.log, {}))
+        if (riga.starts_with(inizio))
+            righe.push_back(riga.substr(inizio.size()));
+    return righe;
+}
+
+// Comes once for each thing drawn. What has changed holds the newest mark, unless that was a fill of nothing.
+void repaint(Box const& box)
+{
+    auto const& marks = superficie.marks();
+    if (marks.empty() && box == tutto)
+        return nota("clear");
+    nota(!marks.empty() && box.contains(marks.back().reach) ? segno(marks.back()) : "wipe" + scatola(box));
+}
+
 Single text_width(std::string_view testo, Font const& font)
 {
     return static_cast<Single>(testo.size()) * text_height(font) * 0.55F;
@@ -21,29 +89,49 @@ void start_timer(int millisecondi)
 {
     finestra.last_wait = millisecondi;
     finestra.due = finestra.now + millisecondi;
+    nota("wait " + std::to_string(millisecondi));
 }
 
 void mouse_pointer(Pointer forma)
 {
     finestra.pointer = forma;
-    finestra.computer_turns += forma == Pointer::hourglass;
+    nota(forma == Pointer::hourglass  ? "pointer hourglass"
+         : forma == Pointer::up_arrow ? "pointer up arrow"
+                                      : "pointer arrow");
 }
 
-void show_menu_entry(Menu) {}
-void show_control(Control) {}
+void show_menu_entry(Menu voce)
+{
+    nota("menu " + std::string(caption(voce)) + (enabled(voce) ? "" : " off") +
+         (checked(voce) ? " checked" : ""));
+}
+
+void show_control(Control c)
+{
+    auto const& stato = control(c);
+    nota("control " + std::to_string(static_cast<int>(c)) + (stato.visible ? " shown" : " hidden") +
+         scatola(control_box(c)) + " order " + std::to_string(stato.order) + " \"" + stato.text + "\"");
+}
 
 void message_box(std::string_view testo)
 {
+    nota("box " + std::string(testo));
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
 }
 bool ask_yes_no(std::string_view testo)
 {
-    message_box(testo);
+    nota("question " + std::string(testo));
+    finestra.boxes.emplace_back(testo);
+    finestra.in_box();
     return finestra.answer_yes;
 }
 
-void beep() { ++finestra.beeps; }
+void beep()
+{
+    ++finestra.beeps;
+    nota("beep");
+}
 Single time_of_day()
 {
     return static_cast<Single>(std::fmod(finestra.day_began + finestra.now / 1000, 86400.0));
@@ -51,21 +139,15 @@ Single time_of_day()
 void end_program()
 {
     finestra.ended = true;
+    nota("end");
     runner.stop();
 }
 void wake_game() {}
 
-namespace {
-std::filesystem::path file[2];
-void nota(Device d, std::string const& che)
+void device_file(Device d, std::filesystem::path const& f)
 {
-    auto const nome = file[static_cast<int>(d)].filename().string();
-    finestra.devices.push_back((d == Device::music ? "music " : "effects ") + che +
-                               (nome.empty() ? "" : " ") + nome);
+    file[static_cast<int>(d)] = f.filename().string();
 }
-}  // namespace
-
-void device_file(Device d, std::filesystem::path const& f) { file[static_cast<int>(d)] = f; }
 void device_open(Device d) { nota(d, "open"); }
 void device_close(Device d) { nota(d, "close"); }
 void device_play(Device d) { nota(d, "play"); }
@@ -83,7 +165,6 @@ void avvia_programma(Pixels pixels)
     Form_Load();
     Form_Resize();
     Form_Activate();
-    finestra.devices.clear();
 }
 
 bool scatta_timer()

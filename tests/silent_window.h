@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A window without a screen: the game runs on a virtual clock, and the test is its only source of events. It
-// also holds the two devices, which only note what they were told.
+// also holds the two devices. All that would reach a person is noted in order, a line each.
 #pragma once
 
 #include "window/form1.h"
@@ -22,12 +22,19 @@ struct SilentWindow {
     bool answer_yes = false;               // to every question
     std::function<void()> in_box = [] {};  // what happens while a box is open
     std::vector<std::string> boxes;        // texts shown
-    std::vector<std::string> devices;      // commands, "effects play carta.wav"
-    int computer_turns = 0;                // the hourglass was shown
     int beeps = 0;
     bool ended = false;
+
+    // What reached the person: marks as they are drawn ("picture 10H 66,645", "text "..." 880,364 ..."),
+    // clears, "sound carta.wav play", "wait 390", "pointer hourglass", "menu Continua off", controls, "box
+    // ...", "beep". Grid units and points to a hundredth, colours as red.green.blue. It grows until somebody
+    // clears it.
+    std::vector<std::string> log;
 };
 extern SilentWindow finestra;
+
+// The lines of the log that begin so, without that beginning; the log is cleared.
+std::vector<std::string> annotate(std::string_view inizio);
 
 // A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
 // card as large as in the reference window. The game is Main(), not yet begun.
