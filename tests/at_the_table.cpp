@@ -66,9 +66,8 @@ void in_scena(Pixels pixels, std::string_view testo)
     mostra_pozzo();
     mostra_tallone();
     auto const& t = tavolo;
-    Single const sinistra = t.centro_x - 200, destra = t.centro_x + 200;
-    for (Single const y : {t.centro_y - 134 - t.alt_carta, t.centro_y + 114})
-        superficie.fill_box({sinistra, y, destra, y + t.alt_carta}, colori::fascia);
+    for (int p : {computer, umano})
+        superficie.fill_box(striscia_calate(p), colori::fascia);
     for (int p : {1, 2})
         if (t.n_calate(p) > 0)
             calo_carte(p);
@@ -116,10 +115,7 @@ Azione scegli(std::string_view carte) { return std::bind_front(clic_carte, 2, st
 Azione clic_calate(int posto) { return std::bind_front(clic_riga, posto); }
 Azione scarta(std::string_view carta) { return std::bind_front(clic_carte, 1, std::string(carta)); }
 
-Single x_calate(int i)
-{
-    return tavolo.centro_x - 200 + (static_cast<Single>(i) - 0.5F) * tavolo.larg_carta / 5;
-}
+Single x_calate(int i) { return x_calata(i) + passo_calate() / 2; }
 
 std::vector<Mark> scritte()
 {

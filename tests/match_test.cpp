@@ -233,16 +233,16 @@ TEST(Match, MenuStatesFollowTheMomentsOfTheTable)
 TEST(Match, EndsAt1500AndNotAt1499)
 {
     struct Caso {
-        int fine, computer;
+        int fine, altrui;
         bool finita;
     };
-    for (auto const& [fine, computer, finita] :
+    for (auto const& [fine, altrui, finita] :
          {Caso{1499, 0, false}, Caso{1500, 0, true}, Caso{0, 2000, true}}) {
         avvia_programma();
         fino_al_primo_turno();
         umano_quasi_fuori();
         tavolo.totale(1) = fine - valore_calate(1);
-        tavolo.totale(2) = computer;
+        tavolo.totale(2) = altrui;
         pesca_tallone()();
         clic_mano(1, 1);
         fino_all_attesa();

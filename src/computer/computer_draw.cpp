@@ -13,7 +13,7 @@ void pesco_carta(int fonte)
         return;
     }
     prendi_dal_tallone(computer);
-    t.pos_x = t.larg_carta * 13 / 3.6F + 376.7F;
+    t.pos_x = x_pescata();
     t.pos_y = y_mano_computer;
     dipingi(dorso(t.mano(computer, t.n_carte(computer))), t.pos_x, t.pos_y);
     mostra_tallone();

@@ -35,8 +35,7 @@ void rifaccio_mappa(int giocatore)
 void disegno_dorsi()
 {
     auto& t = tavolo;
-    superficie.fill_box({0, y_mano_computer, 14 * t.larg_carta, t.alt_carta + y_mano_computer},
-                        colori::tavolo);
+    superficie.fill_box(striscia_mano(computer), colori::tavolo);
     for (int s = 1; s <= t.n_carte(computer); ++s) {
         t.pos_x = x_mano(s);
         t.pos_y = y_mano_computer;

@@ -8,8 +8,6 @@
 
 #include <string_view>
 
-inline constexpr int computer = 2;
-
 inline constexpr std::string_view niente_del_seme = "_____________";
 
 // Code of the first deck for suit index 0 to 3 and rank 1 to 13.

@@ -37,9 +37,6 @@ constexpr int Seme(Carta carta)
     return f == 0 ? 0 : (f - 1) / 13 + 1;
 }
 
-// The other player: 1 the human, 2 the computer.
-constexpr int altro(int giocatore) { return giocatore == 1 ? 2 : 1; }
-
 // One hand as a picture of 52 characters: "*" at (suit - 1) * 13 + rank for a card held, "_" elsewhere. It is
 // a set: two copies of a card are one "*". An untouched map is the empty text.
 class Mappa {

@@ -13,11 +13,9 @@ namespace {
 
 void disegno_arredo()
 {
-    auto const& t = tavolo;
-    Single const sinistra = t.centro_x - 200, destra = t.centro_x + 200;
-    superficie.outline_box({sinistra, t.centro_y - 130, destra, t.centro_y + 110}, colori::cornice);
-    superficie.fill_box({sinistra, t.centro_y - 134 - t.alt_carta, destra, t.centro_y - 134}, colori::fascia);
-    superficie.fill_box({sinistra, t.centro_y + 114, destra, t.centro_y + 114 + t.alt_carta}, colori::fascia);
+    superficie.outline_box(cornice(), colori::cornice);
+    superficie.fill_box(striscia_calate(computer), colori::fascia);
+    superficie.fill_box(striscia_calate(umano), colori::fascia);
 }
 
 // Thirteen cards of mazzo, from entry da, to player p. The counter is the shared one.
@@ -43,15 +41,14 @@ Task dai_pacchetto(int p, int da)
 
 void disegno_titolo()
 {
-    auto const& t = tavolo;
-    superficie.print_at(880, t.centro_y - 20);
+    superficie.print_at(x_titolo, y_titolo());
     superficie.font_name("Brush Script MT");
-    superficie.font_size(t.scala_y * 20);
+    superficie.font_size(tavolo.scala_y * 20);
     superficie.text_colour(colori::bianco);
     superficie.print_line("SollevinoDue");
     superficie.font_name("Arial");
     superficie.font_size(8);
-    superficie.print_x(880);
+    superficie.print_x(x_titolo);
     superficie.print_line("by Cartovendo");
 }
 

@@ -17,7 +17,7 @@ void stampa_invito()
 {
     superficie.font_size(9);
     superficie.text_colour(colori::bianco);
-    superficie.print_at(5, 5);
+    superficie.print_at(x_invito, y_invito);
     superficie.print("Scelta cartaro - Clicca sul mazzo");
 }
 
@@ -50,14 +50,13 @@ void chiudi_nomi()
 Task taglia()
 {
     auto& t = tavolo;
-    Single const x = t.centro_x - t.larg_carta / 2;
-    dipingi(dorso(t.mazzo(t.pos_scelta)), x, t.centro_y - t.alt_carta / 2);
+    dipingi(dorso(t.mazzo(t.pos_scelta)), x_taglio(), y_mazzo());
     t.carta_scelta = 0;
     while (t.carta_scelta == 0)
         co_await eventi();
     chiudi_nomi();
     suona();
-    dipingi(faccia(t.carta_scelta), x, y_mano(t.turno));
+    dipingi(faccia(t.carta_scelta), x_taglio(), y_mano(t.turno));
     t.valore_scelta(t.turno) = ValCarta(t.carta_scelta);
 }
 
@@ -95,6 +94,6 @@ Task Scelta_Cartaro()
     t.turno = t.cartaro;
     Posiziona_Players();  // the dealer's name in white
     t.turno = altro(t.cartaro);
-    superficie.fill_box({0, 0, 470, 35}, colori::tavolo);
+    superficie.fill_box(posto_invito, colori::tavolo);
     co_await ritardo(0.2F);
 }

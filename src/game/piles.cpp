@@ -4,26 +4,6 @@
 #include "game/shuffle.h"
 #include "game/table_state.h"
 
-namespace {
-Box posto_carta(Single x, Single y) { return {x, y, x + tavolo.larg_carta, y + tavolo.alt_carta}; }
-}  // namespace
-
-Single x_mano(int slot) { return static_cast<Single>(slot - 1) * tavolo.larg_carta; }
-
-Single y_mano(int giocatore) { return giocatore == 1 ? y_mano_umano : y_mano_computer; }
-
-Box posto_pozzo()
-{
-    auto const& t = tavolo;
-    return posto_carta(t.centro_x - t.larg_carta, t.centro_y - t.alt_carta / 2);
-}
-
-Box posto_tallone()
-{
-    auto const& t = tavolo;
-    return posto_carta(t.centro_x, t.centro_y - t.alt_carta / 2);
-}
-
 void dipingi(Figura figura, Single x, Single y)
 {
     auto const& t = tavolo;

@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Pile, stock and the places of cards on the table. Cards come and go by the procedures here, which keep the
+// Pile and stock. Cards come and go by the procedures here, which keep the
 // counts true and the picture of the place that a card leaves or reaches. At the end of every turn that does
 // not end the hand, pile and stock together hold 78 cards.
 #pragma once
 
 #include "game/card_model.h"
+#include "game/places.h"
 #include "game/task.h"
 #include "window/surface.h"
-
-inline constexpr Single y_mano_umano = 645, y_mano_computer = 20, y_scelta_alta = 620;
-
-// Left edge of slot s of either hand, from 1: the cards stand edge to edge.
-Single x_mano(int slot);
-Single y_mano(int giocatore);
-
-Box posto_pozzo();
-Box posto_tallone();
 
 // A picture of a card's size with its corner at that place.
 void dipingi(Figura figura, Single x, Single y);

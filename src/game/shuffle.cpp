@@ -42,12 +42,12 @@ Task Rimescola()
     auto& t = tavolo;
     Box const pozzo = posto_pozzo();
     Box const tallone = posto_tallone();
-    Box const mazzetto{t.centro_x + 2 * t.larg_carta, tallone.y1, t.centro_x + 3 * t.larg_carta, tallone.y2};
+    Box const mazzetto = posto_rimescolo();
 
-    superficie.print_at(t.centro_x - 50, t.centro_y + 90);
+    superficie.print_at(x_messaggio(), y_messaggio());
     co_await ritardo(0.1F);
     superficie.print("Rimescolo le carte del Pozzo");
-    Box const messaggio{t.centro_x - 50, t.centro_y + 90, std::max(t.centro_x + 100, superficie.current_x()),
+    Box const messaggio{x_messaggio(), y_messaggio(), std::max(t.centro_x + 100, superficie.current_x()),
                         std::max(t.centro_y + 100, superficie.current_y() + text_height(superficie.font()))};
     superficie.fill_box({pozzo.x1, pozzo.y1, tallone.x2, tallone.y2}, colori::tavolo);
     dipingi(dorsov(0), mazzetto.x1, mazzetto.y1);

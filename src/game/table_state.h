@@ -17,6 +17,9 @@ inline constexpr int max_pozzo = 78;    // cards of pile and stock together
 inline constexpr int righe_gioco = 20;  // rows of the table of games
 inline constexpr int traguardo = 1500;  // points that end a match
 
+inline constexpr int umano = 1, computer = 2;
+constexpr int altro(int giocatore) { return giocatore == umano ? computer : umano; }
+
 using PostoMazzo = Numero<Integer, 0, 105>;  // an entry of mazzo, 105 behind its last
 using CartaMazzo = Numero<Integer, 0, carte_mazzo>;
 using CartaInMano = Numero<Integer, 0, carte_mazzo + scelta>;  // a card, or a card + 1000: selected

@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr int umano = 1;
-
 bool scelto(int slot) { return tavolo.mano(umano, slot) > scelta; }
 
 int slot_del_clic()
@@ -27,7 +25,7 @@ int slot_del_clic()
 void disegno_mano()
 {
     auto& t = tavolo;
-    superficie.fill_box({0, y_scelta_alta, 14 * t.larg_carta, t.alt_carta + y_mano_umano}, colori::tavolo);
+    superficie.fill_box(striscia_mano(umano), colori::tavolo);
     Posiziona_Players();
     for (int s = 1; s <= t.n_carte(umano); ++s) {
         t.pos_x = x_mano(s);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "melds/meld_validation.h"
 
+#include "game/places.h"
 #include "melds/attach_rules.h"
 #include "melds/table_melds.h"
 
@@ -8,16 +9,14 @@
 
 namespace {
 
-constexpr int umano = 1;
-
 // The last card of the meld that a click at x aims at, or 0. The last marker is the tail's own: its region
 // counts for the last real meld, whose last card stands in front of tail and marker.
 // Wanted: the regions are a step wider than the pictures, so that each lies further right of its meld.
 int bersaglio(Single x)
 {
     auto const& t = tavolo;
-    Single const passo = t.larg_carta / 5;
-    Single sinistra = t.centro_x - 200;
+    Single const passo = passo_calate();
+    Single sinistra = x_calata(1);
     Single destra = sinistra;
     int const n = t.n_calate(umano);
     for (int i = 1; i <= n; ++i) {

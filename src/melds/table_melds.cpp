@@ -6,13 +6,13 @@
 void calo_carte(int p)
 {
     auto& t = tavolo;
-    t.pos_x = t.centro_x - 200;
-    t.pos_y = p == 2 ? t.centro_y - 134 - t.alt_carta : t.centro_y + 114;
+    t.pos_x = striscia_calate(p).x1;
+    t.pos_y = striscia_calate(p).y1;
     // Wanted: a line along the top is all that is cleared.
     superficie.line(t.pos_x, t.pos_y, t.pos_x + t.larg_carta * 16 / 3.6F, t.pos_y, colori::tavolo);
     for (int i = 1; i <= t.n_calate(p); ++i)
         if (!segno(p, i))
-            dipingi(faccia(t.calate(p, i)), t.pos_x + static_cast<Single>(i - 1) * t.larg_carta / 5, t.pos_y);
+            dipingi(faccia(t.calate(p, i)), x_calata(i), t.pos_y);
     ++t.n_calo(p - 1);
 }
 

@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::size_t max_file = 65536;  // bytes that are looked at
 constexpr std::size_t max_nome = 255;    // characters of a name that are kept
-constexpr Box pagina{0, 0, 158, 130};
 
 std::string leggi_file(std::filesystem::path const& file)
 {
@@ -97,43 +96,42 @@ void Registra_Players()
 void Posiziona_Players()
 {
     auto const& t = tavolo;
-    Single const x = t.centro_x - t.larg_carta / 2;
     auto const colore = [](int p) {
         return t.turno == p && t.azione != 7 ? colori::bianco : colori::cornice;
     };
     superficie.font_size(8);
     superficie.text_colour(colore(1));
-    superficie.print_at(x, t.centro_y * 2 - t.alt_carta * 1.2F - 22);
+    superficie.print_at(x_nomi(), y_nome(umano));
     superficie.print_line(t.nomi(0));
     superficie.text_colour(colore(2));
-    superficie.print_at(x, t.alt_carta + 24);
+    superficie.print_at(x_nomi(), y_nome(computer));
     superficie.print_line(t.nomi(1));
 }
 
 void personalize_players_Click()
 {
     auto& t = tavolo;
-    superficie.fill_box({0, 0, pagina.x2, 30}, colori::giallo_pallido);
+    superficie.fill_box({0, 0, pagina_nomi.x2, testata_nomi}, colori::giallo_pallido);
     superficie.font_size(8);
     superficie.text_colour(colori::nero);
-    superficie.print_at(5, 5);
+    superficie.print_at(x_testata, y_testata);
     superficie.print("  Personalize Players");
-    superficie.outline_box({0, 30, pagina.x2, pagina.y2}, colori::giallo);
+    superficie.outline_box({0, testata_nomi, pagina_nomi.x2, pagina_nomi.y2}, colori::giallo);
 
     Lettura_Players();
     superficie.text_colour(colori::bianco);
     Box const campo = control_box(TxtPlayer(1));
     for (t.i = 1; t.i <= 2; ++t.i) {
-        Single const y = 32 + static_cast<Single>(t.i - 1) * (campo.y2 - campo.y1);
-        move_to(TxtPlayer(t.i), 75, y);
+        Single const y = y_campo_nome + static_cast<Single>(t.i - 1) * (campo.y2 - campo.y1);
+        move_to(TxtPlayer(t.i), x_campo_nome, y);
         show(TxtPlayer(t.i));
         set_text(TxtPlayer(t.i), t.nomi(t.i - 1));
         TxtPlayer_Change(t.i);
-        superficie.print_at(5, y + 1);
+        superficie.print_at(x_etichetta_nome, y + sotto_etichetta_nome);
         superficie.print(t.i == 1 ? "Player1 (you)" : "Player2");
     }
     for (int n : {1, 0}) {
-        move_to(Shape1(n), 75, 115);
+        move_to(Shape1(n), x_chiusura_nomi, y_chiusura_nomi);
         show(Shape1(n));
         bring_to_front(Shape1(n));
     }
@@ -149,12 +147,13 @@ bool togli_pagina_nomi()
         show(TxtPlayer(n), false);
     show(Shape1(0), false);
     show(Shape1(1), false);
-    superficie.fill_box(pagina, colori::tavolo);
+    superficie.fill_box(pagina_nomi, colori::tavolo);
     return true;
 }
 
 Box area_chiusura_nomi()
 {
     Box const forma = control_box(Shape1(1));
-    return {75, 115, 75 + forma.x2 - forma.x1, 115 + forma.y2 - forma.y1};
+    return {x_chiusura_nomi, y_chiusura_nomi, x_chiusura_nomi + forma.x2 - forma.x1,
+            y_chiusura_nomi + forma.y2 - forma.y1};
 }

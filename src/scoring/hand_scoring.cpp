@@ -49,7 +49,7 @@ void conta_punti(int p, int chiude)
 Task apre_pannello()
 {
     auto& t = tavolo;
-    Single const x = t.centro_x, alto = t.centro_y - 130, basso = t.centro_y + 110;
+    Single const x = t.centro_x, alto = cornice().y1, basso = cornice().y2;
     superficie.line(x, alto, x, basso, colori::cornice);
     co_await ritardo(0.005F);
     superficie.fill_box({x - 10, alto, x + 10, alto + 10}, colori::tavolo);
@@ -68,8 +68,7 @@ std::string numero(int n) { return (n < 0 ? "" : " ") + std::to_string(n) + " ";
 class TavolaPartite {
   public:
     TavolaPartite()
-        : riga_(text_height(superficie.font())), colonna_(text_width("0", superficie.font())),
-          y_(tavolo.centro_y - 125)
+        : riga_(text_height(superficie.font())), colonna_(text_width("0", superficie.font())), y_(y_partite())
     {
     }
 
@@ -105,8 +104,7 @@ class TavolaPartite {
   private:
     void scrivi(int meta, int colonna, std::string const& testo)
     {
-        Single const inizio = tavolo.centro_x + (meta == 1 ? -180.0F : 80.0F);
-        superficie.print_at(inizio + static_cast<Single>(colonna) * colonna_, y_);
+        superficie.print_at(x_partite(meta) + static_cast<Single>(colonna) * colonna_, y_);
         superficie.print(testo);
     }
 

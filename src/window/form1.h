@@ -7,6 +7,7 @@
 #pragma once
 
 #include "game/bounded.h"
+#include "game/places.h"
 #include "window/surface.h"
 
 #include <string>
@@ -14,7 +15,6 @@
 
 inline constexpr std::string_view titolo_finestra = "Cartovendo - SollevinoDue";
 inline constexpr std::string_view nome_programma = "SollevinoDue";  // title of message boxes
-inline constexpr Single griglia_x = 1024, griglia_y = 768;
 
 // Texts and shapes that lie over the surface. Only carta_1 is never shown: its size is the size of a card.
 enum class Control : Byte {

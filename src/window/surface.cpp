@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/surface.h"
 
+#include "game/places.h"
 #include "window/window.h"
 
 #include <algorithm>
@@ -9,7 +10,7 @@ Surface superficie;
 
 namespace {
 
-constexpr Box tutto{0, 0, 1024, 768};
+constexpr Box tutto{0, 0, griglia_x, griglia_y};
 
 Box with_corners_in_order(Box b)
 {

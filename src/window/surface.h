@@ -5,6 +5,7 @@
 // must show itself; a test reads from it what the table shows.
 #pragma once
 
+#include "game/box.h"
 #include "game/card_model.h"
 
 #include <string>
@@ -21,16 +22,6 @@ inline constexpr Colore tavolo{0, 112, 0}, cornice{0, 192, 0}, fascia{0, 105, 0}
 inline constexpr Colore bianco{255, 255, 255}, blu{0, 0, 255}, nero{0, 0, 0};
 inline constexpr Colore giallo{255, 255, 0}, giallo_pallido{255, 255, 192};
 }  // namespace colori
-
-// Two corners, in any order when drawn; x1 <= x2 and y1 <= y2 once on the surface.
-struct Box {
-    Single x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-    constexpr bool operator==(Box const&) const = default;
-    constexpr bool contains(Box const& b) const
-    {
-        return x1 <= b.x1 && y1 <= b.y1 && b.x2 <= x2 && b.y2 <= y2;
-    }
-};
 
 // A stored picture: 1 to 52 the faces carta(f), 53 and 54 the backs dorsov(0) and dorsov(1).
 using Figura = Numero<Byte, 0, 54>;
