@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "audio/device.h"
+#include "audio/device_worker.h"
 #include "start.h"
 #include "window/qt/main_window.h"
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "start.h"
 
-#include "audio/device.h"
+#include "audio/device_worker.h"
 #include "audio/sound_music.h"
-#include "window/folders.h"
+#include "folders.h"
+#include "players/names_file.h"
 #include "window/qt/main_window.h"
 
 #include <QApplication>
@@ -14,6 +15,8 @@
 namespace {
 
 constexpr int moment = 150;  // milliseconds, enough for the first picture
+
+Folders folders;
 
 std::filesystem::path path(QString const& text) { return text.toStdU16String(); }
 
@@ -36,15 +39,21 @@ void start_sound(MainWindow* window)
         [window](std::function<void()> later) {
             QMetaObject::invokeMethod(window, std::move(later), Qt::QueuedConnection);
         },
-        [](int code) { evento([code] { MMC1_Done(code); }); }, load_player);
+        [](int code) { evento([code] { MMC1_Done(code); }); }, load_player,
+        [here = folders](Device d, std::string const& name) {
+            return d == Device::music ? here.tune(name) : here.effect(name);
+        });
 }
 
 }  // namespace
 
+std::string kept_names() { return folders.names(); }
+void keep_names(std::string_view byte) { folders.keep_names(byte); }
+
 void start_game(MainWindow& window)
 {
-    set_folders(path(QCoreApplication::applicationDirPath()),
-                path(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)));
+    folders = Folders(path(QCoreApplication::applicationDirPath()),
+                      path(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)));
     window.open();
     QTimer::singleShot(moment, &window, [&window] { start_sound(&window); });
 }

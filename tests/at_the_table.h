@@ -9,6 +9,7 @@
 
 #include "game/task.h"
 
+#include <filesystem>
 #include <functional>
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Listens to the two devices: to the mixer frame by frame, and to all of it through a file in place of a
 // sound device, which runs about ten times as fast as one. Time is counted in frames mixed.
-#include "audio/device.h"
+#include "audio/device_worker.h"
 #include "audio/mixer.h"
 #include "audio/wave_file.h"
 
@@ -114,8 +114,9 @@ struct Devices : testing::Test {
             posted.push_back(std::move(f));
         };
         auto const done = [this](int code) { codes.push_back(code), play_again(Device::music); };
-        start_devices(post, done,
-                      [](auto tell) { return std::unique_ptr<audio::Player>(sollevinodue_player(tell)); });
+        start_devices(
+            post, done, [](auto tell) { return std::unique_ptr<audio::Player>(sollevinodue_player(tell)); },
+            [](Device, fs::path const& file) { return file; });
     }
 
     // Wherever a test leaves, it is silent from then on, and has been on the terminal.
@@ -178,7 +179,7 @@ struct Devices : testing::Test {
     static void play(Device d, fs::path const& file)
     {
         device_close(d);
-        device_file(d, file);
+        device_file(d, file.string());
         device_open(d);
         device_play(d);
     }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "at_the_table.h"
 
+#include "folders.h"
 #include "game/table_state.h"
 #include "players/player_names.h"
-#include "window/folders.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -21,35 +21,16 @@ fs::path own_folder(std::string const& name)
     return fs::path(testing::TempDir()) / ("sollevino_" + name + std::to_string(getpid()));
 }
 
-class Names : public testing::Test {
-  protected:
-    Names()
-    {
-        avvia_programma();
-        fs::remove_all(dir);
-        fs::create_directories(dir / "music");
-        set_folders(dir, dir / "user");
-    }
-    ~Names() override
-    {
-        set_folders({}, {});
-        fs::remove_all(dir);
-    }
-
-    void write(std::string const& text) const { std::ofstream(dir / "Players", std::ios::binary) << text; }
-    std::string file() const { return contenuto(dir / "Players"); }
-    static std::string read()
-    {
-        Lettura_Players();
-        return tavolo.nomi(0) + "/" + tavolo.nomi(1);
-    }
-
-    fs::path const dir = own_folder("names");
-};
+std::string read(std::string const& bytes)
+{
+    finestra.names = bytes;
+    Lettura_Players();
+    return tavolo.nomi(0) + "/" + tavolo.nomi(1);
+}
 
 }  // namespace
 
-TEST_F(Names, AreReadAsFields)
+TEST(Names, AreReadAsFields)
 {
     struct Caso {
         std::string file, nomi;
@@ -70,38 +51,14 @@ TEST_F(Names, AreReadAsFields)
              Caso{"NICCOL\xD2\r\n\x80URO\r\n", "NICCOLÒ/€URO"},
              Caso{std::string("\0\x01\x81\xff", 4), "???ÿ/Player2"},
          }) {
-        write(text);
-        EXPECT_EQ(read(), nomi) << text;
+        EXPECT_EQ(read(text), nomi) << text;
     }
-    write(std::string(1 << 20, 'x'));
-    Lettura_Players();
-    EXPECT_EQ(tavolo.nomi(0), std::string(255, 'x'));
+    EXPECT_EQ(read(std::string(1 << 20, 'x')), std::string(255, 'x') + "/Player2");
 }
 
-TEST_F(Names, StandAnythingInThePlaceOfTheirFile)
+TEST(Names, AreTypedInAnyLettersAndKeptInCapitals)
 {
-    EXPECT_EQ(read(), "Player1/Player2");
-    fs::create_directories(dir / "Players" / "x");
-    EXPECT_EQ(read(), "Player1/Player2");
-    tavolo.nomi(0) = "ANNA";
-    Registra_Players();
-    EXPECT_TRUE(fs::is_directory(dir / "Players"));
-    fs::remove_all(dir / "Players");
-    ASSERT_EQ(mkfifo((dir / "Players").c_str(), 0600), 0);
-    EXPECT_EQ(read(), "Player1/Player2");
-    fs::remove(dir / "Players");
-    fs::create_directories(dir / "Players.new" / "x");
-    Registra_Players();
-    EXPECT_FALSE(fs::exists(dir / "Players"));
-    fs::remove_all(dir / "Players.new");
-    set_folders({}, {});
-    Registra_Players();
-    EXPECT_EQ(read(), "Player1/Player2");
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 1) << "nothing half written is left";
-}
-
-TEST_F(Names, AreTypedInAnyLettersAndKeptInCapitals)
-{
+    avvia_programma();
     fino_all_attesa();
     menu(Menu::personalize_players);
     EXPECT_EQ(control(TxtPlayer(1)).text, "Player1");
@@ -118,8 +75,8 @@ TEST_F(Names, AreTypedInAnyLettersAndKeptInCapitals)
     EXPECT_TRUE(control(TxtPlayer(1)).visible);
     clic(1, 75.1F, 120);
     EXPECT_FALSE(control(TxtPlayer(1)).visible);
-    EXPECT_EQ(file(), "NICCOL\xD2\r\n\r\n");
-    EXPECT_EQ(read(), "NICCOLÒ/");
+    EXPECT_EQ(finestra.names, "NICCOL\xD2\r\n\r\n");
+    EXPECT_EQ(read(finestra.names), "NICCOLÒ/");
     EXPECT_TRUE(si_legge("NICCOLÒ"));
 
     for (auto const& [typed, kept] : {std::pair{"straße", "STRAßE"},
@@ -133,7 +90,7 @@ TEST_F(Names, AreTypedInAnyLettersAndKeptInCapitals)
     }
 }
 
-TEST_F(Names, StandInWhiteForThePlayerOnTurn)
+TEST(Names, StandInWhiteForThePlayerOnTurn)
 {
     apparecchia("mano KH pozzo QS tallone 2C");
     auto const colori_nomi = [] {
@@ -156,20 +113,45 @@ TEST_F(Names, StandInWhiteForThePlayerOnTurn)
 
 TEST(Folders, APortableFolderKeepsEverythingAndAnInstalledOneWritesToTheUsers)
 {
-    fs::path const dir = own_folder("folders");
-    fs::path const shared = dir / "prefix" / "share" / "games" / "sollevinodue";
+    fs::path const dir = own_folder("folders"), shared = dir / "prefix" / "share" / "games" / "sollevinodue";
     fs::remove_all(dir);
     fs::create_directories(dir / "prefix" / "games");
     fs::create_directories(shared / "music");
     std::ofstream(dir / "prefix" / "games" / "music") << "a program of that name";
-    std::ofstream(shared / "music" / "tune") << "a tune";
-    set_folders(dir / "prefix" / "games", dir / "user");
-    EXPECT_EQ(file_to_read("music/tune"), shared / "music" / "tune");
-    EXPECT_EQ(file_to_write("Players"), dir / "user" / "Players");
-    EXPECT_TRUE(fs::is_directory(dir / "user"));
+    std::ofstream(shared / "music" / "Rondo\u0300.mid") << "a tune from another system";
+    Folders const installed(dir / "prefix" / "games", dir / "user");
+    EXPECT_EQ(installed.tune("Rondò"), shared / "music" / "Rondo\u0300.mid");
+    EXPECT_EQ(installed.names(), "");
+    installed.keep_names("ANNA\r\n");
+    EXPECT_EQ(contenuto(dir / "user" / "Players"), "ANNA\r\n");
     fs::create_directories(dir / "portable" / "sounds");
-    set_folders(dir / "portable", dir / "user");
-    EXPECT_EQ(file_to_write("Players"), dir / "portable" / "Players");
-    set_folders({}, {});
+    Folders(dir / "portable", dir / "user").keep_names("UGO\r\n");
+    EXPECT_EQ(contenuto(dir / "portable" / "Players"), "UGO\r\n");
+    fs::remove_all(dir);
+}
+
+TEST(Folders, StandAnythingInThePlaceOfTheNames)
+{
+    fs::path const dir = own_folder("names"), file = dir / "Players";
+    fs::remove_all(dir);
+    fs::create_directories(dir / "music");
+    Folders const here(dir, dir / "user");
+    fs::create_directories(file / "x");
+    here.keep_names("ANNA");
+    EXPECT_EQ(here.names(), "");
+    EXPECT_TRUE(fs::is_directory(file));
+    fs::remove_all(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(here.names(), "");
+    fs::remove(file);
+    fs::create_directories(dir / "Players.new" / "x");
+    here.keep_names("ANNA");
+    EXPECT_FALSE(fs::exists(file));
+    fs::remove_all(dir / "Players.new");
+    Folders().keep_names("ANNA");
+    EXPECT_EQ(Folders().names(), "");
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 1) << "nothing half written is left";
+    here.keep_names(std::string(1 << 20, 'x'));
+    EXPECT_EQ(here.names().size(), 65536);
     fs::remove_all(dir);
 }

@@ -8,6 +8,7 @@
 #include "audio/sound_music.h"
 #include "game/match_loop.h"
 #include "game/table_state.h"
+#include "players/names_file.h"
 #include "silent_window.h"
 #include "window/qt/main_window.h"
 #include "window/qt/table_view.h"
@@ -47,6 +48,8 @@ void answer_boxes()
 }  // namespace
 
 MainWindow& real_window() { return *window; }
+std::string kept_names() { return finestra.names; }
+void keep_names(std::string_view byte) { finestra.names = byte; }
 void close_real_window() { window.reset(); }
 
 QPoint on_table(Single x, Single y)

@@ -6,6 +6,7 @@
 #include "game/table_state.h"
 #include "game/table_text.h"
 #include "human/pointer_input.h"
+#include "players/names_file.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -52,12 +53,8 @@ std::string segno(Mark const& m)
 
 void nota(std::string riga) { finestra.log.push_back(std::move(riga)); }
 
-std::string file[2];
-void nota(Device d, std::string const& che)
-{
-    auto const& nome = file[static_cast<int>(d)];
-    nota((d == Device::music ? "music " : "effects ") + che + (nome.empty() ? "" : " ") + nome);
-}
+std::string nome[2];
+void nota(Device d, std::string const& che) { nota((d == Device::music ? "music " : "effects ") + che); }
 
 }  // namespace
 
@@ -144,14 +141,14 @@ void end_program()
 }
 void wake_game() {}
 
-void device_file(Device d, std::filesystem::path const& f)
-{
-    file[static_cast<int>(d)] = f.filename().string();
-}
-void device_open(Device d) { nota(d, "open"); }
+void device_file(Device d, std::string_view n) { nome[static_cast<int>(d)] = n; }
+void device_open(Device d) { nota(d, "open " + nome[static_cast<int>(d)]); }
 void device_close(Device d) { nota(d, "close"); }
 void device_play(Device d) { nota(d, "play"); }
 void device_rewind(Device d) { nota(d, "rewind"); }
+
+std::string kept_names() { return finestra.names; }
+void keep_names(std::string_view byte) { finestra.names = byte; }
 
 void avvia_programma(Pixels pixels)
 {

@@ -22,11 +22,12 @@ struct SilentWindow {
     bool answer_yes = false;               // to every question
     std::function<void()> in_box = [] {};  // what happens while a box is open
     std::vector<std::string> boxes;        // texts shown
+    std::string names;                     // the file of the names
     int beeps = 0;
     bool ended = false;
 
     // What reached the person: marks as they are drawn ("picture 10H 66,645", "text "..." 880,364 ..."),
-    // clears, "sound carta.wav play", "wait 390", "pointer hourglass", "menu Continua off", controls, "box
+    // clears, "effects open carta", "wait 390", "pointer hourglass", "menu Continua off", controls, "box
     // ...", "beep". Grid units and points to a hundredth, colours as red.green.blue. It grows until somebody
     // clears it.
     std::vector<std::string> log;

@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The two voices of the game: `music` (MMC1, the sequencer) plays tunes, `effects` (MMCw, the wave player)
+// plays sounds. They sound beside each other and beside the game. Whoever links this header to something that
+// sounds knows which file, or what else, stands behind a name.
+//
+// Every procedure here returns at once. Nothing is ever reported: a missing or broken file, a machine without
+// a sound device and a sound server that goes away are silence.
 #pragma once
 
-#include "audio/player.h"
+#include <string_view>
 
-#include <filesystem>
-#include <functional>
-#include <memory>
-
-// The two voices of the game: `music` (MMC1, the sequencer) plays MIDI files, `effects` (MMCw, the wave
-// player) plays wave files. They sound beside each other and beside the game.
-//
-// Every procedure here belongs to the game's thread and returns at once; the work is done by a thread of the
-// devices. Nothing is ever reported: a missing or broken file, a machine without a sound device and a sound
-// server that goes away are silence. What is asked before start_devices is done when they start; after
-// stop_devices the device_ procedures only keep their books.
 enum class Device { music, effects };
 
-// Full path for the next device_open. What is open stays as it is.
-void device_file(Device, std::filesystem::path const&);
+// Name of the tune or the effect for the next device_open. What is open stays as it is.
+void device_file(Device, std::string_view name);
 
 // Opens the file set last; its start position is 0. The file is read when it is played.
 void device_open(Device);
@@ -31,16 +27,3 @@ void device_play(Device);
 
 // Start position 0 for the next device_play. Does not touch what sounds now.
 void device_rewind(Device);
-
-// Once, at the start of the program. `post` makes the game's thread run a function later; it may be called
-// from any thread and must not run the function itself. `done` gets the code 1, on the game's thread, when
-// the open tune has played to its end and a breath of silence has followed; never for one that was cut,
-// broken or missing. The sound device is opened with the first device_play, the sound font with the first
-// tune.
-using LoadPlayer = std::function<std::unique_ptr<audio::Player>(audio::Tell)>;
-void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int code)> done,
-                   LoadPlayer load);
-
-// Silence at once, also within a tune or while the sound font is loading, and no `post` or `done` from here
-// on. Takes as long as closing the sound device, at most 2 s, whatever a sound server does.
-void stop_devices();

@@ -3,35 +3,15 @@
 
 #include "audio/device.h"
 #include "game/table_state.h"
-#include "window/folders.h"
 #include "window/menus.h"
-
-#include <string>
 
 namespace {
 
-// A folder copied by way of another system may hold accented names taken apart into letter and accent.
-std::string scomposto(std::string nome)
-{
-    static constexpr std::string_view o_grave = "\u00F2", o_e_grave = "o\u0300";
-    for (auto p = nome.find(o_grave); p != std::string::npos; p = nome.find(o_grave, p + 1))
-        nome.replace(p, o_grave.size(), o_e_grave);
-    return nome;
-}
-
 // The caption of a tune is the name of its file.
-std::filesystem::path file_canzone(int indice)
-{
-    std::string const nome = "music/" + std::string(caption(canzoni(indice))) + ".mid";
-    auto const file = file_to_read(nome);
-    std::error_code errore;
-    return exists(file, errore) ? file : file_to_read(scomposto(nome));
-}
-
 void apri_canzone(int indice)
 {
     device_close(Device::music);
-    device_file(Device::music, file_canzone(indice));
+    device_file(Device::music, caption(canzoni(indice)));
     device_open(Device::music);
 }
 
@@ -63,7 +43,7 @@ void chiudi_dispositivi()
 void Apri_suono(std::string_view nome)
 {
     device_close(Device::effects);
-    device_file(Device::effects, file_to_read("sounds/" + std::string(nome) + ".wav"));
+    device_file(Device::effects, nome);
     device_open(Device::effects);
 }
 

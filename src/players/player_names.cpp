@@ -2,28 +2,15 @@
 #include "players/player_names.h"
 
 #include "game/table_state.h"
-#include "window/folders.h"
+#include "players/names_file.h"
+#include "players/windows_1252.h"
 #include "window/form1.h"
 
-#include <fstream>
 #include <optional>
 
 namespace {
 
-constexpr std::size_t max_file = 65536;  // bytes that are looked at
-constexpr std::size_t max_nome = 255;    // characters of a name that are kept
-
-std::string leggi_file(std::filesystem::path const& file)
-{
-    std::error_code errore;
-    if (!is_regular_file(file, errore))
-        return {};
-    std::ifstream in(file, std::ios::binary);
-    std::string testo(max_file, '\0');
-    in.read(testo.data(), static_cast<std::streamsize>(testo.size()));
-    testo.resize(static_cast<std::size_t>(in.gcount()));
-    return testo;
-}
+constexpr std::size_t max_nome = 255;  // characters of a name that are kept
 
 // Takes the next field off the front of the text. None is left at the end of the file.
 std::optional<std::string> prossimo_campo(std::string_view& resto)
@@ -45,25 +32,9 @@ std::optional<std::string> prossimo_campo(std::string_view& resto)
     return da_windows_1252(campo.substr(0, max_nome));
 }
 
-// Within the code page of the file, so that the table shows the name that will be read back.
-std::string maiuscolo(std::string_view utf8)
-{
-    std::string byte = a_windows_1252(utf8);
-    for (char& b : byte) {
-        auto const c = static_cast<unsigned char>(b);
-        if ((c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7))
-            b = static_cast<char>(c - 0x20);
-        else if (c == 0x9A || c == 0x9C || c == 0x9E)  // s caron, oe, z caron
-            b = static_cast<char>(c - 0x10);
-        else if (c == 0xFF)  // y diaeresis
-            b = static_cast<char>(0x9F);
-    }
-    return da_windows_1252(byte);
-}
-
 }  // namespace
 
-void Lettura_Players() { leggi_nomi(leggi_file(file_to_read("Players"))); }
+void Lettura_Players() { leggi_nomi(kept_names()); }
 
 void leggi_nomi(std::string_view byte)
 {
@@ -78,19 +49,7 @@ void leggi_nomi(std::string_view byte)
 void Registra_Players()
 {
     auto const& t = tavolo;
-    auto const file = file_to_write("Players");
-    if (file.empty())
-        return;
-    auto nuovo = file;
-    nuovo += ".new";
-    std::ofstream out(nuovo, std::ios::binary | std::ios::trunc);
-    out << a_windows_1252(t.nomi(0)) << "\r\n" << a_windows_1252(t.nomi(1)) << "\r\n";
-    out.close();
-    std::error_code errore;
-    if (out)
-        rename(nuovo, file, errore);
-    if (!out || errore)
-        remove(nuovo, errore);
+    keep_names(a_windows_1252(t.nomi(0)) + "\r\n" + a_windows_1252(t.nomi(1)) + "\r\n");
 }
 
 void Posiziona_Players()

@@ -11,13 +11,13 @@
 #include <string>
 #include <string_view>
 
-// Sets nomi to Player1 and Player2 and reads the file over them.
+// Sets nomi to Player1 and Player2 and reads over them what was kept.
 void Lettura_Players();
 
 // The same from the bytes of a file, whatever they are.
 void leggi_nomi(std::string_view byte);
 
-// Writes nomi as a whole new file.
+// Gives nomi to be kept, a line each.
 void Registra_Players();
 
 // Prints both names, that of the player on turn in white. Leaves size 8 and the second name's colour.
@@ -35,7 +35,3 @@ bool togli_pagina_nomi();
 
 // Where a click closes the page, in grid units. The edges do not count.
 Box area_chiusura_nomi();
-
-// The file's code page. What Windows-1252 can't hold becomes "?", and so does every control character.
-std::string da_windows_1252(std::string_view byte);
-std::string a_windows_1252(std::string_view utf8);  // broken UTF-8 gives "?" for each byte

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "players/player_names.h"
+#include "players/windows_1252.h"
 
 #include <algorithm>
 #include <array>
@@ -77,4 +77,19 @@ std::string a_windows_1252(std::string_view utf8)
         i += intero ? lung : 1;
     }
     return byte;
+}
+
+std::string maiuscolo(std::string_view utf8)
+{
+    std::string byte = a_windows_1252(utf8);
+    for (char& b : byte) {
+        auto const c = static_cast<unsigned char>(b);
+        if ((c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7))
+            b = static_cast<char>(c - 0x20);
+        else if (c == 0x9A || c == 0x9C || c == 0x9E)  // s caron, oe, z caron
+            b = static_cast<char>(c - 0x10);
+        else if (c == 0xFF)  // y diaeresis
+            b = static_cast<char>(0x9F);
+    }
+    return da_windows_1252(byte);
 }

@@ -9,7 +9,6 @@
 
 #include "window/surface.h"
 
-#include <filesystem>
 #include <string_view>
 
 enum class Pointer : Byte { arrow = 0, up_arrow = 10, hourglass = 11 };

@@ -4,6 +4,7 @@
 // code page, and a name without a comma, a quote or a blank in front is read back as it is written.
 #include "game/table_state.h"
 #include "players/player_names.h"
+#include "players/windows_1252.h"
 
 #include <cstdlib>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "device.h"
+#include "audio/device_worker.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -9,8 +9,6 @@
 #include <system_error>
 #include <thread>
 #include <utility>
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -25,13 +23,14 @@ struct Desk {
     bool news = false;
     bool leaving = false;
 
-    unsigned tune_number = 0;      // counts starts and cuts: the end of any but the last is of no interest
-    fs::path tune;                 // empty: no music
-    std::vector<fs::path> sounds;  // to be started, at most two
+    unsigned tune_number = 0;         // counts starts and cuts: the end of any but the last is of no interest
+    std::string tune;                 // empty: no music
+    std::vector<std::string> sounds;  // to be started, at most two
 
     std::function<void(std::function<void()>)> post;
     std::function<void(int)> done;
     LoadPlayer load;
+    FindFile find;
 
     void tell()
     {
@@ -70,9 +69,9 @@ void work(std::shared_ptr<Desk> desk)
         if (!player)
             continue;
         for (auto const& sound : sounds)
-            player->play_sound(sound);
+            player->play_sound(desk->find(Device::effects, sound));
         if (number != playing)
-            tune.empty() ? player->stop_tune() : player->play_tune(tune);
+            tune.empty() ? player->stop_tune() : player->play_tune(desk->find(Device::music, tune));
         playing = number;
         if (player->look()) {
             lock.lock();
@@ -84,8 +83,8 @@ void work(std::shared_ptr<Desk> desk)
 
 // What the game's thread knows of a device.
 struct Control {
-    fs::path file;
-    std::optional<fs::path> opened;
+    std::string name;
+    std::optional<std::string> opened;
     bool at_start = false;
 };
 
@@ -114,33 +113,33 @@ void wish(F f)
     the_desk->wake.notify_one();
 }
 
-void play_tune(fs::path const& file)
+void play_tune(std::string const& name)
 {
     wish([&](Desk& d) {
         ++d.tune_number;
-        d.tune = file;
+        d.tune = name;
     });
 }
 
 // A sound asked for twice before the worker looks is one sound.
-void play_sound(fs::path const& file)
+void play_sound(std::string const& name)
 {
     wish([&](Desk& d) {
-        if (!d.sounds.empty() && d.sounds.back() == file)
+        if (!d.sounds.empty() && d.sounds.back() == name)
             return;
         if (d.sounds.size() == 2)
             d.sounds.erase(d.sounds.begin());
-        d.sounds.push_back(file);
+        d.sounds.push_back(name);
     });
 }
 
 }  // namespace
 
-void device_file(Device d, fs::path const& file) { control(d).file = file; }
+void device_file(Device d, std::string_view name) { control(d).name = name; }
 
 void device_open(Device d)
 {
-    control(d).opened = control(d).file;
+    control(d).opened = control(d).name;
     control(d).at_start = true;
 }
 
@@ -163,13 +162,14 @@ void device_play(Device d)
 void device_rewind(Device d) { control(d).at_start = true; }
 
 void start_devices(std::function<void(std::function<void()>)> post, std::function<void(int)> done,
-                   LoadPlayer load)
+                   LoadPlayer load, FindFile find)
 {
     if (!the_desk)
         the_desk = std::make_shared<Desk>();
     the_desk->post = std::move(post);
     the_desk->done = std::move(done);
     the_desk->load = std::move(load);
+    the_desk->find = std::move(find);
     std::packaged_task<void()> task([d = the_desk] { work(d); });
     worker_left = task.get_future();
     try {
