@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A handful of tables as pictures, compared with those in tests/pictures. scripts/pictures writes them anew.
+// A handful of tables as pictures, compared with those in tests/pictures. scripts/scenes draws them anew.
 #include "real_window.h"
 
 #include "at_the_table.h"

@@ -44,7 +44,8 @@ std::string segno(Mark const& m)
     case Mark::Kind::line: return "line" + scatola(m.box) + colore(m.colore);
     case Mark::Kind::picture:
         return "picture " + (m.figura > 52 ? "back " + std::to_string(m.figura - 53) : nome_carta(m.figura)) +
-               coppia(x, y) + " size" + coppia(m.box.x2 - x, m.box.y2 - y);
+               (m.box == Box{x, y, x + tavolo.larg_carta, y + tavolo.alt_carta} ? coppia(x, y)
+                                                                                : scatola(m.box));
     case Mark::Kind::text: break;
     }
     return "text \"" + m.testo + "\"" + coppia(x, y) + " " + std::string(m.font.nome) + " " +
@@ -105,8 +106,10 @@ void show_menu_entry(Menu voce)
 
 void show_control(Control c)
 {
+    static constexpr std::string_view nomi[] = {"carta", "name 1", "name 2", "name 3", "name 4",
+                                                "area",  "rim",    "help",   "rules",  "info"};
     auto const& stato = control(c);
-    nota("control " + std::to_string(static_cast<int>(c)) + (stato.visible ? " shown" : " hidden") +
+    nota("control " + std::string(nomi[static_cast<int>(c)]) + (stato.visible ? " shown" : " hidden") +
          scatola(control_box(c)) + " order " + std::to_string(stato.order) + " \"" + stato.text + "\"");
 }
 

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "scene.h"
+
+#include "at_the_table.h"
+
+#include "audio/sound_music.h"
+#include "game/table_check.h"
+#include "game/table_state.h"
+#include "human/pointer_input.h"
+#include "players/player_names.h"
+#include "window/help_pages.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <sstream>
+#include <utility>
+
+namespace {
+
+bool time_stands = false;
+std::vector<std::string> heard;  // beginnings of the lines that are told; none: all
+
+std::vector<std::string> words_of(std::string const& text)
+{
+    std::istringstream words(text);
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+std::string with_the_rest(std::string text)
+{
+    auto const rest = text.find("...");
+    if (rest == std::string::npos)
+        return text;
+    std::string cards;
+    auto const named = words_of(text);
+    for (int card = 1; card <= carte_mazzo; ++card)
+        if (std::ranges::count(named, nome_carta(card)) == 0)
+            cards += (cards.empty() ? "" : " ") + nome_carta(card);
+    return text.replace(rest, 3, cards);
+}
+
+// Whether the cards are complete is looked at only if they are so from the start.
+void table(std::string const& text)
+{
+    in_scena({1024, 779}, with_the_rest(text));
+    tavolo.pescato = text.find("pescato 1") != std::string::npos;
+    if (!tavolo_coerente())
+        tavolo.valore_scelta(1) = 1;
+    finestra.log.clear();
+}
+
+// The cards of the running hand become these.
+void hand(std::string const& text)
+{
+    Partita const match = tavolo;
+    Turno const turn = tavolo;
+    if (!leggi_tavolo(with_the_rest(text)))
+        finestra.log.push_back("no table");
+    static_cast<Partita&>(tavolo) = match;
+    static_cast<Turno&>(tavolo) = turn;
+    tavolo.valore_scelta(1) = 1;
+}
+
+void deck(std::vector<std::string> const& cards)
+{
+    for (std::size_t i = 1; i < cards.size(); ++i) {
+        auto& mazzo = tavolo.mazzo;
+        int const n = static_cast<int>(i);
+        std::iter_swap(&mazzo(n), std::find(&mazzo(1), &mazzo(carte_mazzo), carta_da(cards[i])));
+    }
+}
+
+std::string menus()
+{
+    std::string text;
+    for (auto const& [entry, level, checkable, caption] : menu_tree())
+        text += std::string(4U * level, ' ') + std::string(caption) + (enabled(entry) ? "" : " off") +
+                (checkable ? checked(entry) ? " (checked)" : " ()" : "") + '\n';
+    return text;
+}
+
+std::string panel(int n)
+{
+    auto const text = panel_text(std::array{Control::TxtItaliano, Control::TxtHelp, Control::Text4}.at(
+        static_cast<std::size_t>(n - 1)));
+    std::string told;
+    std::istringstream lines{std::string(text)};
+    for (std::string line; std::getline(lines, line);)
+        told += "    | " + line + '\n';
+    return told;
+}
+
+void time(std::string const& how)
+{
+    time_stands = how != "goes";
+    for (int n = time_stands && how != "stops" ? std::stoi(how) : 0; n > 0; --n)
+        scatta_timer();
+}
+
+// What happens, and what it tells of itself. False if it is nothing that can happen.
+bool happens(std::string const& line, std::string& told)
+{
+    auto const words = words_of(line);
+    auto const word = [&](std::size_t i) { return i < words.size() ? words[i] : ""; };
+    auto const number = [&](std::size_t i) { return static_cast<Single>(std::stod("0" + word(i))); };
+    auto const integer = [&](std::size_t i) { return static_cast<int>(number(i)); };
+    auto const rest = line.substr(std::min(line.find(' ') + 1, line.size()));
+    auto const& verb = words[0];
+    if (verb == "open")
+        avvia_programma(words.size() > 1 ? Pixels{integer(1), integer(2)} : Pixels{1024, 779});
+    else if (verb == "table")
+        table(rest);
+    else if (verb == "hand")
+        hand(rest);
+    else if (verb == "deck")
+        deck(words);
+    else if (verb == "cut")
+        clic(1, 512, 384);
+    else if (verb == "draw")
+        (word(1) == "pile" ? pesca_pozzo() : pesca_tallone())();
+    else if (verb == "select")
+        scegli(rest)();
+    else if (verb == "lay")
+        clic_calate(std::max(integer(1), 1))();
+    else if (verb == "discard")
+        scarta(rest)();
+    else if (verb == "click")
+        clic(word(1) == "left" ? 1 : 2, number(2), number(3));
+    else if (verb == "move")
+        evento([&] { Form_MouseMove(0, 0, number(1), number(2)); });
+    else if (verb == "menu")
+        menu(std::ranges::find(menu_tree(), rest, &MenuEntry::caption)->voce);
+    else if (verb == "panel")
+        evento(std::array{TxtItaliano_Click, TxtHelp_Click,
+                          text4_Click}[static_cast<std::size_t>(integer(1) - 1)]);
+    else if (verb == "type")
+        evento([&] { set_text(TxtPlayer(integer(1)), word(2)), TxtPlayer_Change(integer(1)); });
+    else if (verb == "resize")
+        evento([&] { client_size({integer(1), integer(2)}), Form_Resize(); });
+    else if (verb == "tune")
+        evento([&] { MMC1_Done(integer(1)); });
+    else if (verb == "answer")
+        finestra.answer_yes = rest == "yes";
+    else if (verb == "close")
+        evento(Form_QueryUnload);
+    else if (verb == "time")
+        time(word(1));
+    else if (verb == "listen")
+        heard.assign(words.begin() + 1, words.end());
+    else if (verb == "read")
+        told += panel(integer(1));
+    else if (verb == "menus")
+        told += menus();
+    else if (verb == "look")
+        told += mostra_tutto() + '\n';
+    else
+        return false;
+    runner.resume();
+    if (!time_stands)
+        fino_all_attesa();
+    return true;
+}
+
+}  // namespace
+
+std::string racconta(std::string_view copione)
+{
+    time_stands = false;
+    heard.clear();
+    std::istringstream lines{std::string(copione)};
+    std::string told;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.empty() && line[0] != '#' && !line.starts_with("> "))
+            continue;
+        told += line + '\n';
+        if (!line.starts_with("> "))
+            continue;
+        if (!happens(line.substr(2), told))
+            told += "nothing that can happen\n";
+        for (auto const& note : std::exchange(finestra.log, {}))
+            if (heard.empty() ||
+                std::ranges::any_of(heard, [&](auto const& word) { return note.starts_with(word); }))
+                told += note + '\n';
+    }
+    return told;
+}
