@@ -9,6 +9,7 @@
 #include "game/shuffle.h"
 #include "game/table_check.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "greedy_person.h"
 #include "scoring/hand_scoring.h"
 

@@ -6,7 +6,7 @@
 #include "real_window.h"
 
 #include "audio/sound_music.h"
-#include "game/match_loop.h"
+#include "game/wait.h"
 #include "game/table_state.h"
 #include "players/names_file.h"
 #include "silent_window.h"
@@ -73,14 +73,12 @@ void avvia_programma(Pixels pixels)
     finestra = {};
     tavolo = {};
     superficie = {};
-    reset_menus();
-    reset_form1();
+    Form_Load();
     window = std::make_unique<MainWindow>();
     window->set_time_factor(0);
     static QTimer boxes;
     boxes.callOnTimeout(window.get(), answer_boxes);
     boxes.start(0);
-    Form_Load();
     window->resize(pixels.width, pixels.height + window->menuBar()->sizeHint().height());
     window->show();
     while (!tavolo.azione)

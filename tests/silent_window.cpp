@@ -2,7 +2,7 @@
 #include "silent_window.h"
 
 #include "audio/device.h"
-#include "game/match_loop.h"
+#include "game/wait.h"
 #include "game/table_state.h"
 #include "game/table_text.h"
 #include "human/pointer_input.h"
@@ -159,8 +159,9 @@ void avvia_programma(Pixels pixels)
     finestra = {};
     tavolo = {};
     superficie = {};
-    reset_menus();
-    reset_form1();
+    load_menus();
+    for (auto const& entry : menu_tree())
+        show_menu_entry(entry.voce);
     client_size(pixels);
     Form_Load();
     Form_Resize();

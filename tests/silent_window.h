@@ -4,8 +4,9 @@
 // also holds the two devices. All that would reach a person is noted in order, a line each.
 #pragma once
 
-#include "window/form1.h"
-#include "window/menus.h"
+#include "window/controls.h"
+#include "window/lifecycle.h"
+#include "window/menu_clicks.h"
 #include "window/window.h"
 
 #include <functional>

@@ -7,7 +7,7 @@
 #include "computer/hand_reading.h"
 #include "computer/meld_decision.h"
 #include "computer/table_view.h"
-#include "game/match_loop.h"
+#include "game/wait.h"
 #include "melds/table_melds.h"
 #include "window/window.h"
 

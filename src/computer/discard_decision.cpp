@@ -5,6 +5,7 @@
 #include "computer/hand_reading.h"
 #include "game/piles.h"
 #include "game/random.h"
+#include "game/shuffle.h"
 #include "game/table_state.h"
 
 #include <algorithm>

@@ -37,6 +37,14 @@ constexpr int Seme(Carta carta)
     return f == 0 ? 0 : (f - 1) / 13 + 1;
 }
 
+// A stored picture: 1 to 52 the faces carta(f), 53 and 54 the backs dorsov(0) and dorsov(1).
+using Figura = Numero<Byte, 0, 54>;
+inline constexpr int n_figure = 54;
+constexpr Figura dorsov(int mazzo) { return 53 + mazzo; }
+// Face and back of a card. The code must be a card; the back of 0 is the first deck's.
+constexpr Figura faccia(Carta codice) { return prima_copia(codice); }
+constexpr Figura dorso(Carta codice) { return dorsov(codice > 52 ? 1 : 0); }
+
 // One hand as a picture of 52 characters: "*" at (suit - 1) * 13 + rank for a card held, "_" elsewhere. It is
 // a set: two copies of a card are one "*". An untouched map is the empty text.
 class Mappa {

@@ -3,10 +3,10 @@
 
 #include "audio/sound_music.h"
 #include "game/deal.h"
-#include "game/match_loop.h"
 #include "game/piles.h"
 #include "game/shuffle.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "players/player_names.h"
 #include "window/menus.h"
 #include "window/window.h"

@@ -7,6 +7,7 @@
 #include "game/shuffle.h"
 #include "game/table_check.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "human/human_turn.h"
 #include "players/player_names.h"
 #include "scoring/hand_scoring.h"
@@ -111,14 +112,3 @@ void Gioco_Imposta()
     superficie.clear();
     Mescola();
 }
-
-Task ritardo(Single tempo)
-{
-    auto& t = tavolo;
-    t.tempo_scaduto = false;
-    start_timer(static_cast<int>(tempo * 6500 / t.velocita));
-    while (!t.tempo_scaduto)
-        co_await eventi();
-}
-
-void Timer1_Timer() { tavolo.tempo_scaduto = true; }

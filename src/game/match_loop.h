@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The spine: match after match, hand after hand, turn after turn, and the one timed wait.
+// The spine: match after match, hand after hand, turn after turn.
 #pragma once
 
-#include "game/bounded.h"
 #include "game/task.h"
 
 // Plays matches for ever. Found: the measures of the table set. The user's flags and clicks reach it through
@@ -12,8 +11,3 @@ Task Main();
 
 // Sets up the record for a new hand: hands, melds and piles empty, 13 cards each announced, names read anew.
 void Gioco_Imposta();
-
-// Waits tempo * 6500 / velocita milliseconds with the window's events running.
-Task ritardo(Single tempo);
-
-void Timer1_Timer();

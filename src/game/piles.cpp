@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "game/piles.h"
 
-#include "game/shuffle.h"
 #include "game/table_state.h"
 
 void dipingi(Figura figura, Single x, Single y)
@@ -51,12 +50,4 @@ void metti_sul_pozzo(Carta carta)
     ++t.n_pozzo;
     t.pozzo(t.n_pozzo - 1) = carta;
     mostra_pozzo();
-}
-
-Task rimescola_se_finito()
-{
-    if (tavolo.n_pozzo != max_pozzo)
-        co_return;
-    superficie.fill_box(posto_tallone(), colori::tavolo);
-    co_await Rimescola();
 }

@@ -7,7 +7,6 @@
 
 #include "game/card_model.h"
 #include "game/places.h"
-#include "game/task.h"
 #include "window/surface.h"
 
 // A picture of a card's size with its corner at that place.
@@ -25,6 +24,3 @@ void prendi_dal_tallone(int p);  // leaves the picture of the stock as it is
 
 // The card becomes the pile's top. The hand that gave it is the caller's matter.
 void metti_sul_pozzo(Carta carta);
-
-// The end of every discard: when pile and stock are 78 and 0 cards, a new stock is made of the pile.
-Task rimescola_se_finito();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "game/shuffle.h"
 
-#include "game/match_loop.h"
 #include "game/piles.h"
 #include "game/random.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "window/window.h"
 
 #include <algorithm>
@@ -66,4 +66,12 @@ Task Rimescola()
     mostra_pozzo();
     mostra_tallone();
     co_await ritardo(0.5F);
+}
+
+Task rimescola_se_finito()
+{
+    if (tavolo.n_pozzo != max_pozzo)
+        co_return;
+    superficie.fill_box(posto_tallone(), colori::tavolo);
+    co_await Rimescola();
 }

@@ -12,3 +12,6 @@ void Mescola();
 // Found: 78 cards in the pile, an empty stock, its picture wiped out.
 // Left:  one card on the pile, 77 in the stock. Hands and melds are not touched.
 Task Rimescola();
+
+// The end of every discard: when pile and stock are 78 and 0 cards, a new stock is made of the pile.
+Task rimescola_se_finito();

@@ -2,9 +2,10 @@
 #include "human/human_turn.h"
 
 #include "audio/sound_music.h"
-#include "game/match_loop.h"
 #include "game/piles.h"
+#include "game/shuffle.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "melds/meld_validation.h"
 #include "melds/table_melds.h"
 #include "players/player_names.h"

@@ -6,7 +6,6 @@
 #include "game/piles.h"
 #include "game/table_state.h"
 #include "players/player_names.h"
-#include "window/form1.h"
 #include "window/help_pages.h"
 #include "window/menus.h"
 #include "window/window.h"

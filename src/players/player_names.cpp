@@ -4,7 +4,7 @@
 #include "game/table_state.h"
 #include "players/names_file.h"
 #include "players/windows_1252.h"
-#include "window/form1.h"
+#include "window/controls.h"
 
 #include <optional>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "scoring/hand_scoring.h"
 
-#include "game/match_loop.h"
 #include "game/piles.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "melds/table_melds.h"
 #include "window/window.h"
 

@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/form1.h"
 
-#include "audio/sound_music.h"
-#include "game/match_loop.h"
-#include "game/table_state.h"
-#include "window/window.h"
-
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
@@ -17,62 +11,33 @@ constexpr Single esterno_x = 15432, esterno_y = 12360;
 constexpr Single interno_x = 15360, interno_y = 11688;
 constexpr Single twip_punto = 20;
 
-// What a card takes of its picture control.
-constexpr Single riduzione = 86.0F / 100;
-
-using Controlli = std::array<ControlState, n_controlli>;
-
-constexpr std::size_t posto(Control c) { return static_cast<std::size_t>(c); }
-
-// The controls as stored, hidden and at the top left corner.
-Controlli stored_controls()
-{
-    Controlli c;
-    auto const size = [&](Control quale, Single larghezza, Single altezza) {
-        c[posto(quale)].width = larghezza;
-        c[posto(quale)].height = altezza;
-    };
-    size(Control::carta_1, 1152, 1836);
-    for (int n = 1; n <= 4; ++n)
-        size(TxtPlayer(n), 1152, 288);
-    for (int n = 0; n <= 1; ++n)
-        size(Shape1(n), 1152, 192);
-    size(Control::TxtHelp, 5472, 2652);
-    size(Control::TxtItaliano, 5472, 2652);
-    size(Control::Text4, 2895, 1680);
-    return c;
-}
-
-struct Form1 {
-    Controlli controlli = stored_controls();
-    int primo_piano = 0;      // order of the frontmost control
-    Pixels pixel{1024, 779};  // client area
-    bool attivata = false;
+struct Measures {
+    bool fixed = false;                                  // twips to a pixel
     double twip_x = 0, twip_y = 0;                       // outer twips to a pixel of the client area
     double pixel_punto = 0;                              // 0 until twips have been chosen
     Single larg_prec = esterno_x, alt_prec = esterno_y;  // outer size at the last resize, twips
 };
-Form1 form;
+Measures measures;
+Pixels client{1024, 779};
 
 // Sets twips to a pixel and pixels to a point so that a card is as large as the layout allows, no wider and
 // no taller than in the reference window, and keeps the shape of its picture.
 void choose_twips()
 {
-    ControlState const carta = stored_controls()[posto(Control::carta_1)];
-    double const larg =
-        double{carta.width} * griglia_x / interno_x * riduzione;  // of the largest card, grid units
-    double const alt = double{carta.height} * griglia_y / interno_y * riduzione;
+    // of the largest card, grid units
+    double const larg = double{larg_carta_1} * griglia_x / interno_x * riduzione_carta;
+    double const alt = double{alt_carta_1} * griglia_y / interno_y * riduzione_carta;
 
-    double const ux = form.pixel.width / double{griglia_x};  // pixels to a grid unit
-    double const uy = form.pixel.height / double{griglia_y};
-    double const k = std::min(larg * ux / carta.width, alt * uy / carta.height);
-    double const sx = k * carta.width / (larg * ux);
-    double const sy = k * carta.height / (alt * uy);
+    double const ux = client.width / double{griglia_x};  // pixels to a grid unit
+    double const uy = client.height / double{griglia_y};
+    double const k = std::min(larg * ux / larg_carta_1, alt * uy / alt_carta_1);
+    double const sx = k * larg_carta_1 / (larg * ux);
+    double const sy = k * alt_carta_1 / (alt * uy);
 
-    form.twip_x = esterno_x * sx / form.pixel.width;
-    form.twip_y = esterno_y * sy / form.pixel.height;
-    form.pixel_punto = twip_punto * std::min(form.pixel.width / (double{interno_x} * sx),
-                                             form.pixel.height / (double{interno_y} * sy));
+    measures.twip_x = esterno_x * sx / client.width;
+    measures.twip_y = esterno_y * sy / client.height;
+    measures.pixel_punto = twip_punto * std::min(client.width / (double{interno_x} * sx),
+                                                 client.height / (double{interno_y} * sy));
 }
 
 Single whole_twips(int pixel, double twip)
@@ -80,127 +45,39 @@ Single whole_twips(int pixel, double twip)
     return static_cast<Single>(std::max(1L, std::lround(pixel * twip)));
 }
 
-// Twips to a grid unit, at the size of the last resize.
-Single unità_x() { return interno_x * (form.larg_prec / esterno_x) / griglia_x; }
-Single unità_y() { return interno_y * (form.alt_prec / esterno_y) / griglia_y; }
-
-void set_scale()
-{
-    tavolo.scala_x = form.larg_prec / esterno_x;
-    tavolo.scala_y = form.alt_prec / esterno_y;
-}
-
-ControlState& writable(Control c) { return form.controlli[posto(c)]; }
-
 }  // namespace
 
-ControlState const& control(Control c) { return form.controlli[posto(c)]; }
-
-void show(Control c, bool sì)
-{
-    if (control(c).visible == sì)
-        return;
-    writable(c).visible = sì;
-    show_control(c);
-}
-
-void bring_to_front(Control c)
-{
-    writable(c).order = ++form.primo_piano;
-    show_control(c);
-}
-
-void move_to(Control c, Single x, Single y)
-{
-    writable(c).left = x * unità_x();
-    writable(c).top = y * unità_y();
-    show_control(c);
-}
-
-void set_text(Control c, std::string_view text)
-{
-    writable(c).text = text;
-    show_control(c);
-}
-
-Box control_box(Control c)
-{
-    auto const& s = control(c);
-    return {s.left / unità_x(), s.top / unità_y(), (s.left + s.width) / unità_x(),
-            (s.top + s.height) / unità_y()};
-}
+Single twips_x() { return interno_x * (measures.larg_prec / esterno_x) / griglia_x; }
+Single twips_y() { return interno_y * (measures.alt_prec / esterno_y) / griglia_y; }
 
 Single points_to_grid(Single punti)
 {
-    return punti * pixels_per_point() * griglia_y / static_cast<Single>(form.pixel.height);
+    return punti * pixels_per_point() * griglia_y / static_cast<Single>(client.height);
 }
 
 Single pixels_per_point()
 {
-    if (form.pixel_punto == 0)
+    if (measures.pixel_punto == 0)
         choose_twips();
-    return static_cast<Single>(form.pixel_punto);
+    return static_cast<Single>(measures.pixel_punto);
 }
 
-void client_size(Pixels pixels) { form.pixel = {std::max(pixels.width, 1), std::max(pixels.height, 1)}; }
+void client_size(Pixels pixels) { client = {std::max(pixels.width, 1), std::max(pixels.height, 1)}; }
 
-void Form_Load()
-{
-    form.larg_prec = esterno_x;
-    form.alt_prec = esterno_y;
-    for (Control c : {Control::TxtItaliano, Control::TxtHelp}) {
-        show(c, false);
-        move_to(c, 0, 0);
-    }
-    avvia_musica();
-    move_to(Control::Text4, 0, 0);
-}
+void load_measures() { measures = {}; }
 
-void Form_Resize()
+Growth measure_window()
 {
-    if (!form.attivata)
+    if (!measures.fixed)
         choose_twips();
-    Single const larghezza = whole_twips(form.pixel.width, form.twip_x);
-    Single const altezza = whole_twips(form.pixel.height, form.twip_y);
-    Single const per_x = larghezza / form.larg_prec;
-    Single const per_y = altezza / form.alt_prec;
-
-    for (ControlState& c : form.controlli) {
-        if (altezza != form.alt_prec) {
-            c.height *= per_y;
-            c.top *= per_y;
-        }
-        if (larghezza != form.larg_prec) {
-            c.width *= per_x;
-            c.left *= per_x;
-        }
-    }
-    form.larg_prec = larghezza;
-    form.alt_prec = altezza;
-    set_scale();
-    for (int c = 0; c < n_controlli; ++c)
-        show_control(static_cast<Control>(c));
+    Single const larghezza = whole_twips(client.width, measures.twip_x);
+    Single const altezza = whole_twips(client.height, measures.twip_y);
+    Growth const growth{larghezza / measures.larg_prec, altezza / measures.alt_prec};
+    measures.larg_prec = larghezza;
+    measures.alt_prec = altezza;
+    tavolo.scala_x = larghezza / esterno_x;
+    tavolo.scala_y = altezza / esterno_y;
+    return growth;
 }
 
-void Form_Activate()
-{
-    form.attivata = true;
-    set_scale();
-    auto& t = tavolo;
-    t.centro_x = griglia_x / 2;
-    t.centro_y = griglia_y / 2;
-    Box const carta = control_box(Control::carta_1);
-    t.larg_carta = (carta.x2 - carta.x1) * t.scala_x * riduzione;
-    t.alt_carta = (carta.y2 - carta.y1) * t.scala_y * riduzione;
-    runner.start(Main());
-}
-
-void Form_QueryUnload()
-{
-    Form_Unload();
-    end_program();
-}
-
-void Form_Unload() { chiudi_dispositivi(); }
-
-void reset_form1() { form = {}; }
+void fix_twips() { measures.fixed = true; }

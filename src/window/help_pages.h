@@ -4,7 +4,7 @@
 // panel is visible is the only record that it is open. A panel stops nothing.
 #pragma once
 
-#include "window/form1.h"
+#include "window/controls.h"
 
 // Opens the panel and closes the two others, or closes it if it is open.
 void istruzioni_Click();  // TxtItaliano

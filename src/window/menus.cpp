@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/menus.h"
 
-#include "audio/sound_music.h"
-#include "game/table_state.h"
-#include "players/player_names.h"
-#include "window/form1.h"
-#include "window/help_pages.h"
 #include "window/window.h"
 
 #include <array>
@@ -78,13 +73,6 @@ EntryStates states_at_start()
 }
 EntryStates stato = states_at_start();
 
-// Place of an entry in a menu array, from 1; 0 if it is none of its n entries.
-constexpr int index_in(Menu voce, Menu prima, int n)
-{
-    int const i = static_cast<int>(voce) - static_cast<int>(prima) + 1;
-    return i >= 1 && i <= n ? i : 0;
-}
-
 }  // namespace
 
 std::span<MenuEntry const> menu_tree() { return albero; }
@@ -104,55 +92,4 @@ void check(Menu voce, bool sì)
     show_menu_entry(voce);
 }
 
-void reset_menus()
-{
-    stato = states_at_start();
-    for (auto const& voce : albero)
-        show_menu_entry(voce.voce);
-}
-
-void menu_click(Menu voce)
-{
-    if (!enabled(voce))
-        return;
-    if (int const i = index_in(voce, velocità(1), n_velocità))
-        return enabled(Menu::play_rate) ? velocità_Click(i) : void();
-    if (int const i = index_in(voce, canzoni(1), n_canzoni))
-        return canzoni_Click(i);
-
-    switch (voce) {
-    case Menu::menu_NewGame: return menu_NewGame_Click();
-    case Menu::menu_continue: return menu_continue_Click();
-    case Menu::personalize_players: return personalize_players_Click();
-    case Menu::istruzioni: return istruzioni_Click();
-    case Menu::menu_card_rustle_yes: return menu_card_rustle_yes_Click();
-    case Menu::menu_card_rustle_no: return menu_card_rustle_no_Click();
-    case Menu::nomusic: return nomusic_Click();
-    case Menu::all: return all_Click();
-    case Menu::menu_about: return menu_about_Click();
-    case Menu::menu_help: return menu_help_Click();
-    case Menu::esci: return esci_Click();
-    default: return;
-    }
-}
-
-void menu_NewGame_Click() { tavolo.nuova_partita = true; }
-void menu_continue_Click() { tavolo.continua = true; }
-
-void velocità_Click(int indice)
-{
-    auto& t = tavolo;
-    for (t.i = 1; t.i <= n_velocità; ++t.i)
-        check(velocità(t.i), false);
-    t.velocita = static_cast<Single>(indice) * 0.5F;
-    check(velocità(indice), true);
-}
-
-void esci_Click()
-{
-    if (!ask_yes_no("Uscire da Sollevino?"))
-        return;
-    superficie.clear();
-    Form_Unload();
-    end_program();
-}
+void load_menus() { stato = states_at_start(); }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The menu tree and the state of its entries. The check marks are the only record of the options; a handler
-// sets a flag or a field and leaves the rest to the waiting game.
+// The menu tree and the state of its entries. The check marks are the only record of the options.
 #pragma once
 
 #include "game/bounded.h"
@@ -58,13 +57,5 @@ bool checked(Menu voce);
 void enable(Menu voce, bool sì);
 void check(Menu voce, bool sì);
 
-// As when the program starts: "Bassa" and "Si" checked, everything enabled.
-void reset_menus();
-
-// A pick of the user. An entry that is disabled or only opens a submenu does nothing.
-void menu_click(Menu voce);
-
-void menu_NewGame_Click();
-void menu_continue_Click();
-void velocità_Click(int indice);  // 1 to 3; leaves i at 4
-void esci_Click();
+// As stored: "Bassa" and "Si" checked, everything enabled. A window that is there already is not told.
+void load_menus();

@@ -23,14 +23,6 @@ inline constexpr Colore bianco{255, 255, 255}, blu{0, 0, 255}, nero{0, 0, 0};
 inline constexpr Colore giallo{255, 255, 0}, giallo_pallido{255, 255, 192};
 }  // namespace colori
 
-// A stored picture: 1 to 52 the faces carta(f), 53 and 54 the backs dorsov(0) and dorsov(1).
-using Figura = Numero<Byte, 0, 54>;
-inline constexpr int n_figure = 54;
-constexpr Figura dorsov(int mazzo) { return 53 + mazzo; }
-// Face and back of a card. The code must be a card; the back of 0 is the first deck's.
-constexpr Figura faccia(Carta codice) { return prima_copia(codice); }
-constexpr Figura dorso(Carta codice) { return dorsov(codice > 52 ? 1 : 0); }
-
 // Always bold. The name, a literal, is asked of the system; the size is in points.
 struct Font {
     std::string_view nome;

@@ -3,8 +3,8 @@
 // What the game asks of a window system. The program links the real window, the tests a silent one with a
 // virtual clock. Nothing here waits, but for the two message boxes.
 //
-// The other way round, a window calls form1.h, menus.h, pointer_input.h and player_names.h, each call wrapped
-// in evento(): the game goes on when the outermost handler has finished, never inside one.
+// The other way round, a window calls lifecycle.h, menu_clicks.h, pointer_input.h and player_names.h, each
+// call wrapped in evento(): the game goes on when the outermost handler has finished, never inside one.
 #pragma once
 
 #include "window/surface.h"
@@ -13,7 +13,7 @@
 
 enum class Pointer : Byte { arrow = 0, up_arrow = 10, hourglass = 11 };
 enum class Menu : Byte;     // menus.h
-enum class Control : Byte;  // form1.h
+enum class Control : Byte;  // controls.h
 
 // The box of the surface, in grid units, has changed and is to be shown again soon.
 void repaint(Box const& box);
@@ -27,7 +27,7 @@ void start_timer(int millisecondi);
 
 void mouse_pointer(Pointer forma);
 
-// The state of a menu entry (menus.h) or of a control (form1.h) has changed and is to be shown.
+// The state of a menu entry (menus.h) or of a control (controls.h) has changed and is to be shown.
 void show_menu_entry(Menu voce);
 void show_control(Control controllo);
 

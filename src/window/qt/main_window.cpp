@@ -2,8 +2,10 @@
 #include "window/qt/main_window.h"
 
 #include "app_icon.h"
-#include "game/match_loop.h"
+#include "game/wait.h"
 #include "window/form1.h"
+#include "window/lifecycle.h"
+#include "window/menu_clicks.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/table_view.h"
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "window/qt/grid_scale.h"
+#include "window/surface.h"
 
 #include <QFont>
 #include <QPainter>

@@ -5,6 +5,7 @@
 #include "human/pointer_input.h"
 #include "players/player_names.h"
 #include "window/help_pages.h"
+#include "window/lifecycle.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/surface_painter.h"
 #include "window/qt/text_panel.h"

@@ -4,7 +4,7 @@
 // hands the mouse to the game.
 #pragma once
 
-#include "window/form1.h"
+#include "window/controls.h"
 #include "window/qt/card_pixmaps.h"
 
 #include <QWidget>

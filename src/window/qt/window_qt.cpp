@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/qt/main_window.h"
 
-#include "window/form1.h"
+#include "window/controls.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/surface_painter.h"
 #include "window/qt/table_view.h"
