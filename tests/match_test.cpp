@@ -335,5 +335,5 @@ TEST(Match, ANamesPageLeftOpenGoesAwayWithTheFirstCut)
 TEST(PlayedHands, EndAsTheyAlwaysDid)
 {
     auto const played = gioca_partite(60, 3, [] { ASSERT_EQ(guasto_tavolo(), ""); });
-    EXPECT_EQ(to_text(played) + "\n" + shown(played, 3) + "\n", contenuto(PLAYED_HANDS_FILE));
+    EXPECT_EQ(to_text(played) + "\n" + shown(played, 3) + "\n", contenuto(TESTS_FOLDER "/played_hands.txt"));
 }

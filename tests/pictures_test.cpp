@@ -103,7 +103,7 @@ TEST(Pictures, LookAsTheyDid)
             settle();
             QImage const now = real_window().table().grab().toImage().convertToFormat(QImage::Format_RGB32);
             auto const file =
-                QStringLiteral(PICTURES_FOLDER "/%1-%2.png").arg(QLatin1String(name)).arg(size.width);
+                QStringLiteral(TESTS_FOLDER "/pictures/%1-%2.png").arg(QLatin1String(name)).arg(size.width);
             if (write) {
                 ASSERT_TRUE(now.save(file, nullptr, 0));
                 continue;

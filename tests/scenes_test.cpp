@@ -43,7 +43,7 @@ std::string difference(std::string const& kept, std::string const& told)
 TEST(Scenes, AreToldAsTheyWere)
 {
     int scenes = 0;
-    for (auto const& entry : std::filesystem::directory_iterator(SCENES_FOLDER)) {
+    for (auto const& entry : std::filesystem::directory_iterator(TESTS_FOLDER "/scenes")) {
         auto const kept = contenuto(entry.path()), told = racconta(kept);
         if (std::getenv("SOLLEVINO_WRITE_SCENES"))
             std::ofstream(entry.path(), std::ios::binary) << told;
