@@ -2,9 +2,9 @@
 #include "silent_window.h"
 
 #include "audio/device.h"
-#include "game/wait.h"
 #include "game/table_state.h"
 #include "game/table_text.h"
+#include "game/wait.h"
 #include "human/pointer_input.h"
 #include "players/names_file.h"
 
@@ -113,18 +113,20 @@ void show_control(Control c)
          scatola(control_box(c)) + " order " + std::to_string(stato.order) + " \"" + stato.text + "\"");
 }
 
-void message_box(std::string_view testo)
+Task message_box(std::string_view testo)
 {
     nota("box " + std::string(testo));
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
+    co_return;
 }
-bool ask_yes_no(std::string_view testo)
+void ask_yes_no(std::string_view testo, void (*sì)())
 {
     nota("question " + std::string(testo));
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
-    return finestra.answer_yes;
+    if (finestra.answer_yes)
+        sì();
 }
 
 void beep()

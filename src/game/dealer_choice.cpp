@@ -80,7 +80,7 @@ Task Scelta_Cartaro()
         Apri_suono("Notify");
         suona();
         Apri_suono("carta");
-        message_box("Ripeti, prego");
+        co_await message_box("Ripeti, prego");
         // The human's card is the computer's next one: pos_scelta stays. Only the last card of the deck has
         // none behind it.
         if (t.pos_scelta == carte_mazzo) {

@@ -17,6 +17,13 @@ constexpr int index_in(Menu voce, Menu prima, int n)
     return i >= 1 && i <= n ? i : 0;
 }
 
+void esci_davvero()
+{
+    superficie.clear();
+    Form_Unload();
+    end_program();
+}
+
 }  // namespace
 
 void menu_click(Menu voce)
@@ -56,11 +63,4 @@ void velocità_Click(int indice)
     check(velocità(indice), true);
 }
 
-void esci_Click()
-{
-    if (!ask_yes_no("Uscire da Sollevino?"))
-        return;
-    superficie.clear();
-    Form_Unload();
-    end_program();
-}
+void esci_Click() { ask_yes_no("Uscire da Sollevino?", esci_davvero); }

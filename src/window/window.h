@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What the game asks of a window system. The program links the real window, the tests a silent one with a
-// virtual clock. Nothing here waits, but for the two message boxes.
+// virtual clock. Only the two message boxes may wait.
 //
 // The other way round, a window calls lifecycle.h, menu_clicks.h, pointer_input.h and player_names.h, each
 // call wrapped in evento(): the game goes on when the outermost handler has finished, never inside one.
 #pragma once
 
+#include "game/task.h"
 #include "window/surface.h"
 
 #include <string_view>
@@ -31,9 +32,11 @@ void mouse_pointer(Pointer forma);
 void show_menu_entry(Menu voce);
 void show_control(Control controllo);
 
-// Modal. Title: the program's name; no icon.
-void message_box(std::string_view testo);
-bool ask_yes_no(std::string_view testo);  // true for yes
+// Modal. Title: the program's name; no icon. The game stands still until the box has been answered; whether
+// the call lasts so long is the window's business. The game awaits its message; a handler hands over what is
+// to be done after a yes, as its last act.
+Task message_box(std::string_view testo);
+void ask_yes_no(std::string_view testo, void (*sì)());
 
 void beep();
 

@@ -102,29 +102,30 @@ void show_control(Control controllo)
         w->table().show_control(controllo);
 }
 
-void message_box(std::string_view testo)
+Task message_box(std::string_view testo)
 {
     auto* const w = MainWindow::current();
     if (!w)
-        return;
+        co_return;
     Question box(testo, w);
     box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
     box.exec();
     wake_game();  // what came while the box was open woke nobody
 }
 
-bool ask_yes_no(std::string_view testo)
+void ask_yes_no(std::string_view testo, void (*sì)())
 {
     auto* const w = MainWindow::current();
     if (!w)
-        return false;
+        return;
     Question box(testo, w);
     auto* const yes = box.addButton(QStringLiteral("&Sì"), QMessageBox::YesRole);
     auto* const no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
     box.setDefaultButton(yes);
     box.setEscapeButton(no);
     box.exec();
-    return box.clickedButton() == yes;
+    if (box.clickedButton() == yes)
+        sì();
 }
 
 void beep() { QApplication::beep(); }
