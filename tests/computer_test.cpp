@@ -28,6 +28,17 @@ TEST(Computer, AWholeTurnEndsWithADiscardOrAnEmptyHand)
     EXPECT_EQ(finestra.pointer, Pointer::hourglass);
 }
 
+// Nobody owns so many cards in play; neither a lay nor an attach writes past the end of the list.
+TEST(Computer, LaysAndAttachesNothingPastTheEndOfTheList)
+{
+    std::string const calate =
+        "calate2 2H 3H 4H | 5S 6S 7S | 9H 9D 9S | 2D 3D 4D | JH JD JS | 2C 3C' 4C | 6D 7D 8D | ";
+    EXPECT_EQ(turno("mano2 KH KD KS QC " + calate + "pozzo QS tallone 9C"),
+              "mano2 KD KS QC 9C " + calate + "pozzo QS KH");
+    auto const piena = calate.substr(0, calate.size() - 2) + "9D | ";
+    EXPECT_EQ(turno("mano2 5H QC " + piena + "pozzo QS tallone 3S"), "mano2 QC 3S " + piena + "pozzo QS 5H");
+}
+
 // Whatever the computer may not know is shuffled about; it must play the same.
 TEST(Computer, KnowsNothingButItsOwnCardsThePilesTopAndTheNextStockCard)
 {

@@ -41,6 +41,8 @@ TEST(Names, AreReadAsFields)
              Caso{"Anna\nUgo", "Anna/Ugo"},
              Caso{"ANNA\r\n", "ANNA/Player2"},
              Caso{"ANNA", "ANNA/Player2"},
+             Caso{"   ", "Player1/Player2"},
+             Caso{"ANNA\r\n  ", "ANNA/Player2"},
              Caso{"\r\nUGO\r\n", "/UGO"},
              Caso{"ANNA\r\n\r\n", "ANNA/"},
              Caso{"ROSSI, ANNA\r\nUGO\r\n", "ROSSI/ANNA"},
@@ -83,6 +85,7 @@ TEST(Names, AreTypedInAnyLettersAndKeptInCapitals)
                                       {"ÿœšž÷é", "ŸŒŠŽ÷É"},
                                       {"a\xF0\x9F\x82\xA1z", "A?Z"},
                                       {"\xC3(", "?("},
+                                      {"בòòòòòòòò", "?ÒÒÒÒÒÒ"},
                                       {"שלום", "????"}}) {
         set_text(TxtPlayer(1), typed);
         TxtPlayer_Change(1);
@@ -144,14 +147,16 @@ TEST(Folders, StandAnythingInThePlaceOfTheNames)
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
     EXPECT_EQ(here.names(), "");
     fs::remove(file);
-    fs::create_directories(dir / "Players.new" / "x");
+    auto const half_written = dir / ("Players." + std::to_string(getpid()) + ".new");
+    fs::create_directories(half_written / "x");
     here.keep_names("ANNA");
     EXPECT_FALSE(fs::exists(file));
-    fs::remove_all(dir / "Players.new");
+    fs::remove_all(half_written);
+    std::ofstream(dir / "Players.999999999.new") << "AN";  // of a game that was killed
     Folders().keep_names("ANNA");
     EXPECT_EQ(Folders().names(), "");
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 1) << "nothing half written is left";
     here.keep_names(std::string(1 << 20, 'x'));
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 2) << "nothing half written is left";
     EXPECT_EQ(here.names().size(), 65536);
     fs::remove_all(dir);
 }

@@ -99,7 +99,7 @@ void Provo_Attacco(int mano_di, int calate_di)
         bool const a_scala = scala(calate_di, ultima);
         int const slot = a_scala ? carta_per_scala(mano_di, calate_di, inizio, ultima)
                                  : carta_per_gruppo(mano_di, calate_di, inizio, ultima);
-        if (slot != 0) {
+        if (slot != 0 && posto_per_coda(calate_di, 1)) {
             attacca(mano_di, calate_di, slot, ultima, a_scala);
             ++ultima;
         }

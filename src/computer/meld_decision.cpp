@@ -84,7 +84,7 @@ void decido_calata()
     for (auto const cerca : {cerca_scala, cerca_gruppo})
         for (int const fonte : {dal_pozzo, dal_tallone}) {
             prova_con(candidata(fonte));
-            if (auto const trovata = cerca(); trovata.lung > 0) {
+            if (auto const trovata = cerca(); trovata.lung > 0 && posto_per_coda(computer, trovata.lung)) {
                 t.n_decise = fonte;
                 cala(trovata);
                 return;

@@ -24,6 +24,10 @@ void stampa_invito()
 void pagina_di_apertura()
 {
     auto& t = tavolo;
+    for (int p : {umano, computer}) {
+        t.x_scelta(p) = x_taglio();
+        t.y_scelta(p) = y_mano(p);
+    }
     t.azione = 7;
     Lettura_Players();
     mouse_pointer(Pointer::arrow);
@@ -37,13 +41,18 @@ void pagina_di_apertura()
     Apri_suono("carta");
 }
 
-// From the first cut on the names stay as they are. A names page that was left open goes away, and the prompt
-// that it had covered in part comes back.
+// From the first cut on the names stay as they are. The cut confirms a names page that was left open: the
+// names are written, the page and the old names are wiped, and the prompt that the page had covered in part
+// comes back.
 void chiudi_nomi()
 {
     enable(Menu::personalize_players, false);
-    if (togli_pagina_nomi())
-        stampa_invito();
+    if (!togli_pagina_nomi())
+        return;
+    Registra_Players();
+    togli_nomi();
+    stampa_invito();
+    Posiziona_Players();
 }
 
 // Player turno cuts the card on offer.
@@ -56,7 +65,7 @@ Task taglia()
         co_await eventi();
     chiudi_nomi();
     suona();
-    dipingi(faccia(t.carta_scelta), x_taglio(), y_mano(t.turno));
+    dipingi(faccia(t.carta_scelta), t.x_scelta(t.turno), t.y_scelta(t.turno));
     t.valore_scelta(t.turno) = ValCarta(t.carta_scelta);
 }
 

@@ -54,6 +54,11 @@ inline Box posto_tallone() { return accanto_al_centro(0); }
 inline Box posto_rimescolo() { return accanto_al_centro(2); }
 inline Single x_messaggio() { return tavolo.centro_x - 50; }  // "Rimescolo le carte del Pozzo"
 inline Single y_messaggio() { return tavolo.centro_y + 90; }
+inline Box posto_messaggio()  // wiped with the message
+{
+    auto const& t = tavolo;
+    return {x_messaggio(), y_messaggio(), t.centro_x + 100, t.centro_y + 100};
+}
 
 // ---- The middle: the frame, which is also the panel of the table of games, and a row of melds on each side.
 

@@ -7,8 +7,6 @@
 #include "game/wait.h"
 #include "window/window.h"
 
-#include <algorithm>
-
 namespace {
 
 // Moves mazzo_tmp(primo..104) to mazzo(primo..104) in a new order: draws an entry until it is one that has
@@ -47,8 +45,6 @@ Task Rimescola()
     superficie.print_at(x_messaggio(), y_messaggio());
     co_await ritardo(0.1F);
     superficie.print("Rimescolo le carte del Pozzo");
-    Box const messaggio{x_messaggio(), y_messaggio(), std::max(t.centro_x + 100, superficie.current_x()),
-                        std::max(t.centro_y + 100, superficie.current_y() + text_height(superficie.font()))};
     superficie.fill_box({pozzo.x1, pozzo.y1, tallone.x2, tallone.y2}, colori::tavolo);
     dipingi(dorsov(0), mazzetto.x1, mazzetto.y1);
     co_await ritardo(0.5F);
@@ -62,7 +58,7 @@ Task Rimescola()
     co_await ritardo(1.0F);
 
     superficie.fill_box(mazzetto, colori::tavolo);
-    superficie.fill_box(messaggio, colori::tavolo);
+    superficie.fill_box(posto_messaggio(), colori::tavolo);
     mostra_pozzo();
     mostra_tallone();
     co_await ritardo(0.5F);

@@ -40,6 +40,7 @@ struct Smazzata {
     Serie<Numero<Byte, 0, max_calate>, 2> n_calate;  // position of the last marker            melds
     Serie<Numero<Byte, 0, 255>, 1> n_calo;           // laying actions, player minus one       melds
     Serie<Numero<Byte, 0, 13>, 2> valore_scelta;     // ranks cut in the dealer choice         game
+    Serie<Single, 2> x_scelta, y_scelta;             // places of the cards cut                game
 };
 
 // Set by the deal.
@@ -57,7 +58,8 @@ struct Turno {
                                                      // dealer choice, 15 clicks are ignored
     Single click_x = 0;                              // x of the click behind azione 3, 4, 5   human
     CartaMazzo pos_scelta;                           // entry of mazzo that is offered to cut  game
-    Carta carta_scelta;                              // the card cut, 0 while waiting          game human
+    Carta carta_scelta;                              // the card cut, 0 while waiting; the     game human melds
+                                                     // card that is being attached
     Numero<Integer, 0, max_mano> n_scelte;           // cards that the human has selected      human
     Numero<Integer, 0, max_calate> pos_calata;       // last card of the meld attached to      melds computer
     bool esito_attacco = false;                      // a meld or an attach was accepted       melds

@@ -70,6 +70,8 @@ bool cala()
             ++t.n_scelte;
             slot_scelti(t.n_scelte) = static_cast<Byte>(s);
             t.mano(umano, s) -= scelta;
+            if (int const posto = t.n_calate(umano) + t.n_scelte; posto <= max_calate)
+                t.calate(umano, posto) = int{t.mano(umano, s)};
         }
     int const n = t.n_scelte;
     if (n == 0)
@@ -78,8 +80,6 @@ bool cala()
     if (troppo_poche || !posto_per_coda(umano, n))
         return true;
 
-    for (int k = 1; k <= n; ++k)
-        t.calate(umano, t.n_calate(umano) + k) = t.mano(umano, slot_scelti(k));
     chiudi_coda(umano, n);
     controllo_calata(t.click_x);
     if (!t.esito_attacco) {

@@ -6,7 +6,7 @@
 void attacco_poker(int p)
 {
     auto& t = tavolo;
-    Carta const carta = t.calate(p, t.n_calate(p) - 1);
+    Carta const carta = t.carta_scelta = int{t.calate(p, t.n_calate(p) - 1)};
     int const z = t.pos_calata;
     if (z - prima_carta(p, z) + 1 == 4)
         return;
@@ -24,7 +24,8 @@ void attacco_poker(int p)
 void attacco_scala(int p)
 {
     auto& t = tavolo;
-    int const valore = ValCarta(t.calate(p, t.n_calate(p) - 1));
+    t.carta_scelta = int{t.calate(p, t.n_calate(p) - 1)};
+    int const valore = ValCarta(t.carta_scelta);
     int const prima = ValCarta(t.calate(p, prima_carta(p, t.pos_calata)));
     int const ultima = ValCarta(t.calate(p, t.pos_calata));
     t.esito_attacco = prolunga(valore, prima, ultima);

@@ -5,6 +5,7 @@
 #include "players/names_file.h"
 #include "players/windows_1252.h"
 #include "window/controls.h"
+#include "window/window.h"
 
 #include <optional>
 
@@ -15,9 +16,9 @@ constexpr std::size_t max_nome = 255;  // characters of a name that are kept
 // Takes the next field off the front of the text. None is left at the end of the file.
 std::optional<std::string> prossimo_campo(std::string_view& resto)
 {
+    resto.remove_prefix(std::min(resto.find_first_not_of(' '), resto.size()));
     if (resto.empty())
         return {};
-    resto.remove_prefix(std::min(resto.find_first_not_of(' '), resto.size()));
     std::string_view campo;
     if (resto.starts_with('"')) {
         resto.remove_prefix(1);
@@ -65,6 +66,13 @@ void Posiziona_Players()
     superficie.text_colour(colore(2));
     superficie.print_at(x_nomi(), y_nome(computer));
     superficie.print_line(t.nomi(1));
+}
+
+void togli_nomi()
+{
+    for (int p : {umano, computer})
+        superficie.fill_box({x_nomi(), y_nome(p), griglia_x, y_nome(p) + text_height(superficie.font())},
+                            colori::tavolo);
 }
 
 void personalize_players_Click()

@@ -23,6 +23,9 @@ void Registra_Players();
 // Prints both names, that of the player on turn in white. Leaves size 8 and the second name's colour.
 void Posiziona_Players();
 
+// Wipes both names from the table, whatever they were when they were printed.
+void togli_nomi();
+
 // Opens the names page. Disturbs i.
 void personalize_players_Click();
 

@@ -34,6 +34,16 @@ int foreground = 0;  // order of the frontmost control
 
 ControlState& writable(Control c) { return controls[posto(c)]; }
 
+// Bytes of the characters that a name field holds.
+std::size_t field_bytes(std::string_view utf8)
+{
+    int letters = 0;
+    for (std::size_t i = 0; i < utf8.size(); ++i)
+        if ((static_cast<unsigned char>(utf8[i]) & 0xC0U) != 0x80U && ++letters > max_lettere)
+            return i;
+    return utf8.size();
+}
+
 }  // namespace
 
 ControlState const& control(Control c) { return controls[posto(c)]; }
@@ -61,7 +71,7 @@ void move_to(Control c, Single x, Single y)
 
 void set_text(Control c, std::string_view text)
 {
-    writable(c).text = text;
+    writable(c).text = text.substr(0, field_bytes(text));
     show_control(c);
 }
 

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+inline constexpr int max_lettere = 7;  // characters of a name field, not bytes
+
 // Only carta_1 is never shown: its size is the size of a card.
 enum class Control : Byte {
     carta_1,
@@ -39,9 +41,10 @@ ControlState const& control(Control c);
 
 void show(Control c, bool yes = true);
 void bring_to_front(Control c);
-void move_to(Control c, Single x, Single y);      // grid units
-void set_text(Control c, std::string_view text);  // raises no change event
-Box control_box(Control c);                       // where it lies, in grid units
+void move_to(Control c, Single x, Single y);  // grid units
+// Raises no change event. A name field holds max_lettere characters, whoever fills it: the rest is cut off.
+void set_text(Control c, std::string_view text);
+Box control_box(Control c);  // where it lies, in grid units
 
 // The controls as stored: hidden, at the top left corner, without a text.
 void load_controls();

@@ -20,7 +20,6 @@
 
 namespace {
 
-constexpr int max_lettere = 7;
 
 int button_number(Qt::MouseButtons button)
 {
