@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "folders.h"
 
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <system_error>
 #include <unistd.h>
@@ -33,6 +36,29 @@ std::string scomposto(std::string nome)
     for (auto p = nome.find(o_grave); p != std::string::npos; p = nome.find(o_grave, p + 1))
         nome.replace(p, o_grave.size(), o_e_grave);
     return nome;
+}
+
+constexpr std::string_view half_written = "Players.", half_written_end = ".new";
+
+// Games write the names beside each other, so each has a new file of its own.
+fs::path new_file(fs::path const& folder)
+{
+    return folder / (std::string(half_written) + std::to_string(getpid()) + std::string(half_written_end));
+}
+
+// Takes away what games have left that were killed while they wrote.
+void remove_rests(fs::path const& folder)
+{
+    std::error_code errore;
+    for (fs::directory_iterator at(folder, errore), end; !errore && at != end; at.increment(errore)) {
+        std::string const name = at->path().filename().string();
+        if (!name.starts_with(half_written) || !name.ends_with(half_written_end))
+            continue;
+        int const writer = std::atoi(name.c_str() + half_written.size());
+        std::error_code nessuno;
+        if (writer > 0 && kill(writer, 0) != 0 && errno == ESRCH)
+            fs::remove(at->path(), nessuno);
+    }
 }
 
 }  // namespace
@@ -79,7 +105,8 @@ void Folders::keep_names(std::string_view bytes) const
         return;
     std::error_code errore;
     fs::create_directories(di_scrittura, errore);
-    auto const file = di_scrittura / "Players", nuovo = di_scrittura / "Players.new";
+    remove_rests(di_scrittura);
+    auto const file = di_scrittura / "Players", nuovo = new_file(di_scrittura);
     std::ofstream out(nuovo, std::ios::binary | std::ios::trunc);
     out << bytes;
     out.close();
