@@ -65,6 +65,10 @@ TEST(Music, GoesOnInTheOrderOfTheMenuOrStaysOnOneTune)
     menu(Menu::all);
     EXPECT_EQ(segnate(), "Bassa; Si; MODO SEQUENZIALE; Adagio sostenuto; ");
     EXPECT_EQ(comandi().back(), "music play");
+    finestra.tune_plays = false;
+    menu(Menu::all);
+    EXPECT_EQ(comandi().back(), "music play") << "a tune that failed does not stop the mode for good";
+    EXPECT_EQ(tavolo.n_canzone, 2);
 }
 
 TEST(Sounds, ArePlayedFromTheirBeginningUnlessTheMenuSaysNo)

@@ -150,6 +150,7 @@ void device_file(Device d, std::string_view n) { nome[static_cast<int>(d)] = n; 
 void device_open(Device d) { nota(d, "open " + nome[static_cast<int>(d)]); }
 void device_close(Device d) { nota(d, "close"); }
 void device_play(Device d) { nota(d, "play"); }
+bool device_plays(Device) { return finestra.tune_plays; }
 void device_rewind(Device d) { nota(d, "rewind"); }
 
 std::string kept_names() { return finestra.names; }

@@ -24,6 +24,7 @@ struct SilentWindow {
     std::function<void()> in_box = [] {};  // what happens while a box is open
     std::vector<std::string> boxes;        // texts shown
     std::string names;                     // the file of the names
+    bool tune_plays = true;                // the tune that was begun last can be heard
     int beeps = 0;
     bool ended = false;
 

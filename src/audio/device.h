@@ -25,5 +25,9 @@ void device_close(Device);
 // sounds, which cuts it. Otherwise what plays plays on, and what has ended stays ended.
 void device_play(Device);
 
+// False once it has turned out that what was played last can't be heard: its file is missing or broken, or
+// there is no sound device. Until then, and when nothing was played, true.
+bool device_plays(Device);
+
 // Start position 0 for the next device_play. Does not touch what sounds now.
 void device_rewind(Device);

@@ -24,6 +24,7 @@ struct Desk {
     bool leaving = false;
 
     unsigned tune_number = 0;         // counts starts and cuts: the end of any but the last is of no interest
+    unsigned failed_tune = 0;         // the number of one that turned out not to play
     std::string tune;                 // empty: no music
     std::vector<std::string> sounds;  // to be started, at most two
 
@@ -66,18 +67,23 @@ void work(std::shared_ptr<Desk> desk)
 
         if (!player && desk->load && (!sounds.empty() || !tune.empty()))
             player = std::exchange(desk->load, {})([d = desk.get()] { d->tell(); });
-        if (!player)
+        if (!player) {
+            lock.lock();
+            desk->failed_tune = number;
             continue;
+        }
         for (auto const& sound : sounds)
             player->play_sound(desk->find(Device::effects, sound));
         if (number != playing)
             tune.empty() ? player->stop_tune() : player->play_tune(desk->find(Device::music, tune));
         playing = number;
-        if (player->look()) {
-            lock.lock();
-            if (!desk->leaving)
-                desk->post([desk, playing] { report_end(*desk, playing); });
-        }
+        bool const failed = !tune.empty() && !player->plays_tune();
+        bool const ended = player->look();
+        lock.lock();
+        if (failed)
+            desk->failed_tune = number;
+        if (ended && !desk->leaving)
+            desk->post([desk, playing] { report_end(*desk, playing); });
     }
 }
 
@@ -157,6 +163,14 @@ void device_play(Device d)
     if (!c.opened || !std::exchange(c.at_start, false))
         return;
     d == Device::music ? play_tune(*c.opened) : play_sound(*c.opened);
+}
+
+bool device_plays(Device d)
+{
+    if (d != Device::music || !the_desk)
+        return true;
+    std::lock_guard const lock(the_desk->mutex);
+    return the_desk->failed_tune == 0 || the_desk->failed_tune != the_desk->tune_number;
 }
 
 void device_rewind(Device d) { control(d).at_start = true; }

@@ -42,6 +42,9 @@ class Mixer {
 
     // The tune's last tick has gone by, and a pause behind it. False again after the next play or stop.
     bool tune_ended() const { return ended_; }
+    // A tune plays, or has ended and was not stopped since. False at once, or with the next frames, if the
+    // file is broken or there is no font.
+    bool plays_tune() const { return tune_ || ended_; }
     // Nothing has sounded for a while and nothing will before the next play.
     bool silent() const { return silence_ >= long_silence; }
 

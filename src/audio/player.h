@@ -18,6 +18,9 @@ class Player {
     virtual void play_tune(std::filesystem::path const& file) = 0;
     virtual void stop_tune() = 0;
 
+    // The tune played last can be heard, or was to its end.
+    virtual bool plays_tune() = 0;
+
     // The same file again starts from its beginning; another one rings out beside it.
     virtual void play_sound(std::filesystem::path const& file) = 0;
 

@@ -46,6 +46,13 @@ class Output : public audio::Player {
         with_mixer([](auto& mixer) { mixer.stop_tune(); });
     }
 
+    bool plays_tune() override
+    {
+        bool plays = false;
+        with_mixer([&](auto& mixer) { plays = mixer.plays_tune(); });
+        return plays;
+    }
+
     void play_sound(fs::path const& file) override
     {
         if (!open())
@@ -122,8 +129,10 @@ class Output : public audio::Player {
     {
         bool const was_silent = mixer_.silent();
         bool const had_ended = mixer_.tune_ended();
+        bool const had_tune = mixer_.plays_tune();
         mixer_.mix({reinterpret_cast<std::int16_t*>(out), std::size_t(bytes) / sizeof(std::int16_t)});
-        if (mixer_.silent() != was_silent || mixer_.tune_ended() != had_ended)
+        if (mixer_.silent() != was_silent || mixer_.tune_ended() != had_ended ||
+            mixer_.plays_tune() != had_tune)
             tell_();
     }
 

@@ -93,9 +93,9 @@ void nomusic_Click()
 
 void all_Click()
 {
-    if (checked(Menu::all))
+    bool const silenzio = checked(Menu::nomusic) || !device_plays(Device::music);
+    if (checked(Menu::all) && !silenzio)
         return;
-    bool const silenzio = checked(Menu::nomusic);
     int corrente = n_canzoni;
     for (int i = 1; i <= n_canzoni; ++i)
         if (checked(canzoni(i)))

@@ -23,6 +23,7 @@ void MMC1_Done(int NotifyCode);
 
 void canzoni_Click(int indice);  // that tune over and over, 1 to 17
 void nomusic_Click();            // silence
-void all_Click();                // back to sequential mode, behind the tune that plays
+// Back to sequential mode, behind the tune that plays; the next tune begins at once if none can be heard.
+void all_Click();
 void menu_card_rustle_yes_Click();
 void menu_card_rustle_no_Click();
