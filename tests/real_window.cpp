@@ -6,8 +6,8 @@
 #include "real_window.h"
 
 #include "audio/sound_music.h"
-#include "game/wait.h"
 #include "game/table_state.h"
+#include "game/wait.h"
 #include "players/names_file.h"
 #include "silent_window.h"
 #include "window/qt/main_window.h"

@@ -26,7 +26,7 @@ le combinazioni di maggior valore.
 
 Il giocatore che ha in mano delle combinazioni
 può calarle quando vuole: non deve aspettare,
-e può farlo anche al primo turno.
+e può farlo anche nel primo turno.
 
 La mano finisce quando uno dei giocatori ha
 chiuso, cioè non ha più carte in mano. Chi ha
@@ -37,14 +37,14 @@ rimaste in mano.
 
 Si può anche chiudere in mano, cioè formare le
 combinazioni con le 13 carte e calarle tutte in
-un colpo solo. In questo caso egli raddoppia i
-punti delle carte che ha messo sul tavolo e ne
-riceve altri 200. L’avversario che ha già aperto
-conta normalmente; quello che non ha aperto
-paga una penalità di 200 punti.
+un colpo solo. Chi lo fa raddoppia i punti delle
+carte che ha messo sul tavolo e ne riceve altri
+200. L’avversario che ha già aperto conta i suoi
+punti normalmente; chi non ha aperto paga una
+penalità di 200 punti.
 
 Vince il gioco la coppia che per prima
-raggiunge i 1500 punti.
+raggiunge i 1500 punti, o li supera.
 
 Le combinazioni sono:
 Tris: 3 carte di uguale valore e seme diverso.
@@ -65,7 +65,7 @@ Sollevino: il doppio del valore totale delle carte
 che lo compongono.
 Sollevinone: 600 punti.
 
-Nella tabella finale si leggono, per ogni partita
+Nella tabella finale si leggono, per ogni mano
 e per ciascun giocatore, i punti fatti con le
 combinazioni e quelli delle carte rimaste in
 mano.)";
@@ -83,11 +83,11 @@ Per calare combinazioni:
 Selezionata la combinazione con il tasto destro,
 fare clic con il tasto sinistro sulla parte dello
 schermo riservata alle proprie combinazioni; le
-scale vengono messe in ordine dal computer.
+scale vengono poi messe in ordine dal computer.
 
 Per attaccare carte:
 Selezionare la carta con il tasto destro. Poi fare
-clic con il tasto sinistro su una carta della
+clic con il tasto sinistro sopra una carta della
 combinazione a cui la si vuole attaccare.)";
 
 constexpr std::string_view info = "SollevinoDue ver 3.3\n--------------------";
