@@ -135,9 +135,8 @@ class Evening {
 
     void add(int value)
     {
-        for (int shift : {0, 8})
-            played_->hash =
-                (played_->hash ^ (static_cast<unsigned>(value >> shift) & 0xFFU)) * 1099511628211U;
+        for (int const byte : {value, value >> 8})
+            fold(played_->hash, std::string(1, static_cast<char>(byte)));
     }
 
     void hash_table()
@@ -160,10 +159,9 @@ class Evening {
 
     void hash_log()
     {
-        auto& hash = played_->shown;
         for (auto const& line : finestra.log)
-            for (char const c : line + '\n')
-                hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+            fold(played_->shown, line + '\n');
+        fold(played_->shown, std::to_string(superficie.marks().size()));
         finestra.log.clear();
         finestra.boxes.clear();
     }

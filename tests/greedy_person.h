@@ -12,12 +12,21 @@
 #include <map>
 #include <random>
 #include <string>
+#include <string_view>
+
+// One number for a whole series of texts, in order (FNV-1a).
+inline constexpr std::uint64_t no_text = 14695981039346656037U;
+inline void fold(std::uint64_t& number, std::string_view text)
+{
+    for (char const c : text)
+        number = (number ^ static_cast<unsigned char>(c)) * 1099511628211U;
+}
 
 struct PlayedHands {
     int matches = 0, abandoned = 0, hands = 0, turns = 0, most_turns = 0;
-    std::map<std::string, int> moves;             // how often each source and each kind of move was taken
-    std::uint64_t hash = 14695981039346656037U;   // of all tables at all waits, in order
-    std::uint64_t shown = 14695981039346656037U;  // of all that was shown and heard, in order
+    std::map<std::string, int> moves;  // how often each source and each kind of move was taken
+    std::uint64_t hash = no_text;      // of all tables at all waits, in order
+    std::uint64_t shown = no_text;     // of all that was shown and heard, in order
 };
 
 // Plays so many matches. A hand need not end: two players with one card each may go on for ever. So the

@@ -8,6 +8,8 @@
 #include "game/table_state.h"
 #include "human/pointer_input.h"
 #include "players/player_names.h"
+#include "players/windows_1252.h"
+#include "scoring/hand_scoring.h"
 #include "window/help_pages.h"
 
 #include <algorithm>
@@ -25,6 +27,20 @@ std::vector<std::string> words_of(std::string const& text)
 {
     std::istringstream words(text);
     return {std::istream_iterator<std::string>(words), {}};
+}
+
+// With \xHH for any byte.
+std::string bytes_of(std::string_view text)
+{
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text.substr(i, 2) == "\\x") {
+            bytes += static_cast<char>(std::stoi(std::string(text.substr(i + 2, 2)), nullptr, 16));
+            i += 3;
+        } else {
+            bytes += text[i];
+        }
+    return bytes;
 }
 
 std::string with_the_rest(std::string text)
@@ -80,6 +96,18 @@ std::string menus()
     return text;
 }
 
+std::string names() { return tavolo.nomi(0) + '/' + tavolo.nomi(1) + '\n'; }
+
+// Of a card in grid units, of the window against the reference, of a point in pixels.
+std::string measures()
+{
+    auto const& t = tavolo;
+    std::ostringstream text;
+    text << "card " << t.larg_carta << ' ' << t.alt_carta << " window " << t.scala_x << ' ' << t.scala_y
+         << " point " << pixels_per_point() << " middle " << t.centro_x << ' ' << t.centro_y << '\n';
+    return text.str();
+}
+
 std::string panel(int n)
 {
     auto const text = panel_text(std::array{Control::TxtItaliano, Control::TxtHelp, Control::Text4}.at(
@@ -103,9 +131,9 @@ bool happens(std::string const& line, std::string& told)
 {
     auto const words = words_of(line);
     auto const word = [&](std::size_t i) { return i < words.size() ? words[i] : ""; };
-    auto const number = [&](std::size_t i) { return static_cast<Single>(std::stod("0" + word(i))); };
+    auto const number = [&](std::size_t i) { return word(i).empty() ? 0 : std::stof(word(i)); };
     auto const integer = [&](std::size_t i) { return static_cast<int>(number(i)); };
-    auto const rest = line.substr(std::min(line.find(' ') + 1, line.size()));
+    auto const rest = words.size() > 1 ? line.substr(line.find(' ') + 1) : "";
     auto const& verb = words[0];
     if (verb == "open")
         avvia_programma(words.size() > 1 ? Pixels{integer(1), integer(2)} : Pixels{1024, 779});
@@ -126,7 +154,7 @@ bool happens(std::string const& line, std::string& told)
     else if (verb == "discard")
         scarta(rest)();
     else if (verb == "click")
-        clic(word(1) == "left" ? 1 : 2, number(2), number(3));
+        clic(word(1) == "left" ? 1 : word(1) == "right" ? 2 : 4, number(2), number(3));
     else if (verb == "move")
         evento([&] { Form_MouseMove(0, 0, number(1), number(2)); });
     else if (verb == "menu")
@@ -134,12 +162,13 @@ bool happens(std::string const& line, std::string& told)
     else if (verb == "panel")
         evento(std::array{TxtItaliano_Click, TxtHelp_Click,
                           text4_Click}[static_cast<std::size_t>(integer(1) - 1)]);
-    else if (verb == "type")
+    else if (verb == "type") {
         evento([&] { set_text(TxtPlayer(integer(1)), word(2)), TxtPlayer_Change(integer(1)); });
-    else if (verb == "resize")
+        told += names();
+    } else if (verb == "resize")
         evento([&] { client_size({integer(1), integer(2)}), Form_Resize(); });
     else if (verb == "tune")
-        evento([&] { MMC1_Done(integer(1)); });
+        word(1) == "fails" ? void(finestra.tune_plays = false) : evento([&] { MMC1_Done(integer(1)); });
     else if (verb == "answer")
         finestra.answer_yes = rest == "yes";
     else if (verb == "close")
@@ -148,12 +177,20 @@ bool happens(std::string const& line, std::string& told)
         time(word(1));
     else if (verb == "listen")
         heard.assign(words.begin() + 1, words.end());
+    else if (verb == "worth")
+        told += leggi_tavolo("calate " + rest) ? std::to_string(valore_calate(1)) + '\n' : "no melds\n";
+    else if (verb == "file")
+        leggi_nomi(bytes_of(rest)), told += names();
+    else if (verb == "capitals")
+        told += maiuscolo(bytes_of(rest)) + '\n';
+    else if (verb == "measures")
+        told += measures();
     else if (verb == "read")
         told += panel(integer(1));
     else if (verb == "menus")
         told += menus();
     else if (verb == "look")
-        told += mostra_tutto() + '\n';
+        told += mostra() + '\n';
     else
         return false;
     runner.resume();

@@ -7,9 +7,10 @@
 #include "game/wait.h"
 #include "human/pointer_input.h"
 #include "players/names_file.h"
+#include "players/windows_1252.h"
 
 #include <cmath>
-#include <cstdlib>
+#include <cstdio>
 #include <utility>
 
 SilentWindow finestra;
@@ -18,14 +19,11 @@ namespace {
 
 constexpr Box tutto{0, 0, griglia_x, griglia_y};
 
-// Hundredths, without the zeros behind.
+// To a hundredth.
 std::string numero(Single v)
 {
-    long const centesimi = std::lround(static_cast<double>(v) * 100);
-    std::string testo = (centesimi < 0 ? "-" : "") + std::to_string(std::labs(centesimi) / 100);
-    if (long const resto = std::labs(centesimi) % 100; resto != 0)
-        testo +=
-            (resto < 10 ? ".0" : ".") + std::to_string(resto % 10 == 0 && resto >= 10 ? resto / 10 : resto);
+    char testo[16];
+    std::snprintf(testo, sizeof testo, "%g", std::round(double{v} * 100) / 100);
     return testo;
 }
 std::string coppia(Single x, Single y) { return " " + numero(x) + "," + numero(y); }
@@ -154,7 +152,11 @@ bool device_plays(Device) { return finestra.tune_plays; }
 void device_rewind(Device d) { nota(d, "rewind"); }
 
 std::string kept_names() { return finestra.names; }
-void keep_names(std::string_view byte) { finestra.names = byte; }
+void keep_names(std::string_view byte)
+{
+    finestra.names = byte;
+    nota("keep names " + da_windows_1252(byte));  // a "?" for each end of a line
+}
 
 void avvia_programma(Pixels pixels)
 {

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "greedy_person.h"
 #include "silent_window.h"
 
-#include "game/table_state.h"
 #include "window/surface.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
 {
@@ -31,12 +27,4 @@ TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
     EXPECT_TRUE(s.marks().empty());
     EXPECT_FLOAT_EQ(s.current_y(), 364 + 2 * high);
     EXPECT_EQ(s.font().punti, 8);
-}
-
-TEST(Surface, StaysShortThroughWholeMatches)
-{
-    std::size_t most = 0;
-    gioca_partite(5, 11, [&] { most = std::max(most, superficie.marks().size()); });
-    EXPECT_GT(most, 40U) << "somebody must have drawn";
-    EXPECT_LT(most, 150U);
 }
