@@ -26,8 +26,8 @@ class Folders {
     // The bytes of the file `Players`, 64 KiB at most. None if there is no such file or it can't be read.
     std::string names() const;
 
-    // Writes that file as a whole new one, whoever else does so at the same time, and takes away what a game has
-    // left that was killed in the middle. What can't be written leaves the old one as it was.
+    // Writes that file as a whole new one, whoever else does so at the same time, and takes away what a game
+    // has left that was killed in the middle. What can't be written leaves the old one as it was.
     void keep_names(std::string_view bytes) const;
 
   private:

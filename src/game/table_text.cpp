@@ -144,11 +144,12 @@ std::string mostra()
 std::string mostra_tutto()
 {
     auto const& t = tavolo;
-    std::ostringstream testo;
-    testo << mostra() << " turno " << t.turno << " cartaro " << t.cartaro << " game " << t.n_game
-          << " azione " << t.azione << " pescato " << t.pescato << " totale " << t.totale(1) << " totale2 "
-          << t.totale(2);
-    return testo.str();
+    std::array<int, numeri.size()> const valori_numeri = {t.turno,   t.cartaro,   t.n_game,   t.azione,
+                                                          t.pescato, t.totale(1), t.totale(2)};
+    std::string testo = mostra();
+    for (std::size_t i = 0; i < numeri.size(); ++i)
+        testo.append(" ").append(numeri[i]).append(" ").append(std::to_string(valori_numeri[i]));
+    return testo;
 }
 
 bool leggi_tavolo(std::string_view testo)

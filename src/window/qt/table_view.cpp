@@ -20,7 +20,6 @@
 
 namespace {
 
-
 int button_number(Qt::MouseButtons button)
 {
     if (button & Qt::LeftButton)
