@@ -3,15 +3,11 @@
 
 #include "game/task.h"
 #include "human/pointer_input.h"
-#include "players/player_names.h"
-#include "window/help_pages.h"
 #include "window/lifecycle.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/surface_painter.h"
-#include "window/qt/text_panel.h"
 #include "window/window.h"
 
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -27,17 +23,6 @@ int button_number(Qt::MouseButtons button)
     if (button & Qt::RightButton)
         return 2;
     return button & Qt::MiddleButton ? 4 : 0;
-}
-
-void set_colours(QWidget* w, QColor text, QColor background)
-{
-    QPalette colours = w->palette();
-    for (auto role : {QPalette::Window, QPalette::Base})
-        colours.setColor(role, background);
-    for (auto role : {QPalette::WindowText, QPalette::Text})
-        colours.setColor(role, text);
-    w->setPalette(colours);
-    w->setAutoFillBackground(true);
 }
 
 }  // namespace
@@ -142,68 +127,17 @@ void TableView::show_control(Control c)
 {
     if (c == Control::carta_1)
         return;
-    QWidget*& widget = controls_[static_cast<std::size_t>(c)];
+    ShownControl*& shown = controls_[static_cast<std::size_t>(c)];
     auto const& state = control(c);
-    if (!widget && !state.visible)
+    if (!shown && !state.visible)
         return;
-    if (!widget)
-        widget = make_control(c);
-
-    QRect const box = GridScale(size()).rect(control_box(c));
-    if (auto* panel = dynamic_cast<TextPanel*>(widget)) {
-        panel->place(box, height());
-    } else {
-        widget->setGeometry(box);
-    }
-    if (auto* field = dynamic_cast<QLineEdit*>(widget)) {
-        QFont font = field->font();
-        font.setPixelSize(std::max(1, static_cast<int>(std::lround(7.8F * pixels_per_point()))));
-        field->setFont(font);
-        if (field->text() != qt_text(state.text))
-            field->setText(qt_text(state.text));
-    }
-    widget->setVisible(state.visible);
+    if (!shown)
+        shown = make_control(c, this);
+    shown->place(GridScale(size()).rect(control_box(c)), height());
+    shown->show_text(qt_text(state.text));
+    shown->widget().setVisible(state.visible);
     if (state.visible)
         put_in_order();
-}
-
-QWidget* TableView::make_control(Control c)
-{
-    switch (c) {
-    case Control::TxtItaliano:
-        return new TextPanel(qt_text(panel_text(c)), {12, Qt::black, Qt::white, false}, TxtItaliano_Click,
-                             this);
-    case Control::TxtHelp:
-        return new TextPanel(qt_text(panel_text(c)), {12, Qt::black, Qt::white, false}, TxtHelp_Click, this);
-    case Control::Text4:
-        return new TextPanel(qt_text(panel_text(c)), {7.8F, Qt::black, QColor(224, 224, 224), true},
-                             text4_Click, this);
-    case Control::Shape1_0:
-    case Control::Shape1_1: {
-        auto* shape = new QWidget(this);
-        QColor const colour = c == Control::Shape1_0 ? QColor(128, 128, 0) : QColor(192, 192, 0);
-        set_colours(shape, colour, colour);
-        shape->setAttribute(Qt::WA_TransparentForMouseEvents);
-        return shape;
-    }
-    default: break;
-    }
-
-    auto* field = new QLineEdit(this);
-    field->setMaxLength(max_lettere);
-    field->setContextMenuPolicy(Qt::NoContextMenu);
-    QFont font(QStringLiteral("MS Sans Serif"));
-    font.setHintingPreference(QFont::PreferNoHinting);
-    field->setFont(font);
-    set_colours(field, Qt::black, Qt::white);
-    int const n = static_cast<int>(c) - static_cast<int>(Control::TxtPlayer_1) + 1;
-    connect(field, &QLineEdit::textEdited, this, [c, n](QString const& text) {
-        evento([&] {
-            set_text(c, text.toStdString());
-            TxtPlayer_Change(n);
-        });
-    });
-    return field;
 }
 
 void TableView::put_in_order()
@@ -214,5 +148,5 @@ void TableView::put_in_order()
             shown.push_back(static_cast<Control>(c));
     std::ranges::stable_sort(shown, {}, [](Control c) { return control(c).order; });
     for (Control c : shown)
-        controls_[static_cast<std::size_t>(c)]->raise();
+        controls_[static_cast<std::size_t>(c)]->widget().raise();
 }

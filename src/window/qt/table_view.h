@@ -6,11 +6,10 @@
 
 #include "window/controls.h"
 #include "window/qt/card_pixmaps.h"
+#include "window/qt/shown_control.h"
 
 #include <QWidget>
 #include <array>
-
-class QLineEdit;
 
 class TableView : public QWidget {
   public:
@@ -34,11 +33,10 @@ class TableView : public QWidget {
     QPointF to_grid(QPointF where) const;
     QRect to_widget(QRect const& device) const;
 
-    QWidget* make_control(Control c);
     void put_in_order();
 
     CardPixmaps pictures_;
     double pictures_ratio_ = 0;
-    std::array<QWidget*, n_controlli> controls_{};  // made when they are first shown
+    std::array<ShownControl*, n_controlli> controls_{};  // made when they are first shown
     bool opening_ = false, open_ = false;
 };

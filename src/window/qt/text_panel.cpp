@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QShortcut>
 
 TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()> click, QWidget* parent)
     : QScrollArea(parent), label_(new QLabel(text)), look_(look), click_(std::move(click))
@@ -27,6 +28,7 @@ TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::StrongFocus);
     setWidget(label_);
+    new QShortcut(Qt::Key_Escape, this, [this] { evento(click_); });
 }
 
 void TextPanel::place(QRect box, int bottom)

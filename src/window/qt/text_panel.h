@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A help panel: text to read, lines as they stand, wrapped only where they are too long. Its colours are its
-// own, whatever the desktop's. A click on it is told; one on its scroll bar is not.
+// own, whatever the desktop's. A click on it is told, and so is the Escape key; a click on its scroll bar is
+// not.
 #pragma once
 
+#include "window/qt/shown_control.h"
 #include "window/window.h"
 
 #include <QScrollArea>
@@ -11,7 +13,7 @@
 
 class QLabel;
 
-class TextPanel : public QScrollArea {
+class TextPanel : public QScrollArea, public ShownControl {
   public:
     struct Look {
         Single punti;
@@ -20,8 +22,10 @@ class TextPanel : public QScrollArea {
     };
     TextPanel(QString const& text, Look const& look, std::function<void()> click, QWidget* parent);
 
+    QWidget& widget() override { return *this; }
+
     // Lies in the box, in pixels of the table, and grows down to show its text, at most to `bottom`.
-    void place(QRect box, int bottom);
+    void place(QRect box, int bottom) override;
 
   protected:
     void showEvent(QShowEvent*) override { setFocus(); }  // the keyboard scrolls it
