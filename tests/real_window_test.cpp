@@ -159,6 +159,34 @@ TEST(RealWindow, TakesNamesLetterByLetter)
     EXPECT_EQ(tavolo.azione, 7);
 }
 
+TEST(RealWindow, TheKeyboardIsEnoughForTheNamesAndLightsTheNextHand)
+{
+    avvia_programma({1366, 700});
+    menu(Menu::personalize_players);
+    settle();
+    auto* const first = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(first, nullptr);
+    QTest::keyClicks(first, "ugo");
+    EXPECT_EQ(tavolo.nomi(0), "UGO") << "the text was selected";
+    QTest::keyClick(first, Qt::Key_Tab);
+    EXPECT_NE(QApplication::focusWidget(), first);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), first);
+    QTest::keyClick(first, Qt::Key_Return);
+    settle();
+    EXPECT_FALSE(first->isVisible());
+
+    enable(Menu::menu_continue, true);
+    enable(Menu::menu_NewGame, true);
+    QTest::keyClick(&real_window(), Qt::Key_F10);
+    QTest::keyClick(real_window().menuBar(), Qt::Key_Down);
+    settle();
+    auto* const partita = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(partita, nullptr);
+    EXPECT_EQ(partita->activeAction(), &real_window().entry(Menu::menu_continue));
+    partita->close();
+}
+
 TEST(RealWindow, PanelsShowTheirTextAndCloseOnAClick)
 {
     QPalette dark;
@@ -183,6 +211,10 @@ TEST(RealWindow, PanelsShowTheirTextAndCloseOnAClick)
             EXPECT_TRUE(panel->isVisible()) << "the scroll bar does not close it";
         }
         QTest::mouseClick(panel->viewport(), Qt::LeftButton);
+        settle();
+        EXPECT_FALSE(panel->isVisible());
+        menu(voce);
+        QTest::keyClick(panel, Qt::Key_Escape);
         settle();
         EXPECT_FALSE(panel->isVisible());
     }

@@ -21,6 +21,7 @@ class GridScale {
     int x(Single v) const { return static_cast<int>(std::lround(static_cast<double>(v) * x_)); }
     int y(Single v) const { return static_cast<int>(std::lround(static_cast<double>(v) * y_)); }
     QRect rect(Box const& b) const { return {QPoint(x(b.x1), y(b.y1)), QPoint(x(b.x2) - 1, y(b.y2) - 1)}; }
+    double height(Box const& b) const { return static_cast<double>(b.y2 - b.y1) * y_; }
     // Of lines and frames: no more than a grid unit, the same on both axes.
     int thickness() const { return std::max(1, static_cast<int>(std::min(x_, y_))); }
 

@@ -15,12 +15,23 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
+#include <algorithm>
 
 namespace {
 
 MainWindow* the_window = nullptr;
 
 QEvent::Type const wake_up = QEvent::User;
+
+// Qt leaves too little room for the words of an entry where the desktop's letters are large.
+void make_room(QMenu* menu)
+{
+    QFontMetrics const metrics = menu->fontMetrics();
+    int widest = 0;
+    for (QAction const* entry : menu->actions())
+        widest = std::max(widest, metrics.size(Qt::TextShowMnemonic, entry->text()).width());
+    menu->setMinimumWidth(widest + 2 * metrics.height());
+}
 
 }  // namespace
 
@@ -46,6 +57,8 @@ MainWindow::MainWindow() : table_(new TableView(this))
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.callOnTimeout(this, [] { evento(Timer1_Timer); });
     make_menus();
+    connect(entry(Menu::menu_game).menu(), &QMenu::aboutToShow, this,
+            [this] { QTimer::singleShot(0, this, &MainWindow::light_continue); });
     setCentralWidget(table_);
     new QShortcut(Qt::Key_F10, this, [this] { menuBar()->setActiveAction(menuBar()->actions().first()); });
 }
@@ -68,7 +81,8 @@ void MainWindow::make_menus()
 
         QAction* action = nullptr;
         if (opens) {
-            menus[level] = above ? above->addMenu(text) : menuBar()->addMenu(text);
+            QMenu* const menu = menus[level] = above ? above->addMenu(text) : menuBar()->addMenu(text);
+            connect(menu, &QMenu::aboutToShow, this, [menu] { make_room(menu); });
             action = menus[level]->menuAction();
         } else {
             action = above ? above->addAction(text) : menuBar()->addAction(text);
@@ -102,6 +116,30 @@ void MainWindow::open()
     move(room.topLeft());  // of the frame: its title can be reached once the window is restored
     resize(room.size());
     showMaximized();
+}
+
+// The window was made as large as the screen, so that its first picture is the one that stays. Whoever leaves
+// the maximised state for the first time wants a window that leaves room.
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || restored_ || !isVisible() ||
+        (windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)))
+        return;
+    restored_ = true;
+    QRect const room = screen()->availableGeometry();
+    QRect smaller(QPoint(), room.size() * 4 / 5);
+    smaller.moveCenter(room.center());
+    setGeometry(smaller);
+}
+
+// A menu that is opened by key lights its first entry. Between two hands that is the next hand, and not the
+// one above it that ends the match.
+void MainWindow::light_continue()
+{
+    auto* const menu = entry(Menu::menu_game).menu();
+    if (menu->activeAction() == &entry(Menu::menu_NewGame) && enabled(Menu::menu_continue))
+        menu->setActiveAction(&entry(Menu::menu_continue));
 }
 
 void MainWindow::start_timer(int milliseconds) { timer_.start(qRound(milliseconds * time_factor_)); }

@@ -38,17 +38,20 @@ class MainWindow : public QMainWindow {
     bool waiting() const { return timer_.isActive(); }
 
   protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
     void make_menus();
+    void light_continue();
 
     std::array<QAction*, n_voci> entries_{};
     TableView* table_;
     QTimer timer_;
     double time_factor_ = 1;
     bool wake_posted_ = false;
+    bool restored_ = false;  // the window has been smaller than the screen once
 };
 
 // Before the application: how the program is called, where its menus are and which fonts stand for the

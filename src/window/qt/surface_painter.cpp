@@ -73,13 +73,16 @@ void SurfacePainter::mark(Mark const& mark)
 }
 
 // The cell of a text is as high as its font's size; the letters stand in it as in a line of the font. A text
-// that would run off the right edge of the table is drawn smaller.
+// that would run off the right edge of the table is drawn smaller, and so is one whose cell has become lower
+// in a window that was made smaller: it would reach into the next line.
 void SurfacePainter::text(Mark const& mark)
 {
     QFont const& font = large_font(mark.font.nome);
     QFontMetricsF const metrics(font);
     QString const words = qt_text(mark.testo);
-    double const size = static_cast<double>(mark.font.punti) * point_;  // pixels, as high as the cell
+    double const asked = static_cast<double>(mark.font.punti) * point_;  // pixels
+    double const cell = scale_.height(mark.box);
+    double const size = cell < 0.98 * asked ? cell : asked;  // what the rounding of a cell takes is not felt
 
     int const x = scale_.x(mark.box.x1);
     double const baseline = size * metrics.ascent() / (metrics.ascent() + metrics.descent());
