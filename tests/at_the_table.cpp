@@ -7,28 +7,25 @@
 #include "melds/table_melds.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 namespace {
 
-void clic_in(Box (*posto)())
-{
-    Box const b = posto();
-    clic(1, (b.x1 + b.x2) / 2, (b.y1 + b.y2) / 2);
-}
+void clic_in(Box const& b) { clic(1, (b.x1 + b.x2) / 2, (b.y1 + b.y2) / 2); }
 
+// On each of these cards of the human's hand.
 void clic_carte(int tasto, std::string const& carte)
 {
     std::istringstream parole(carte);
     for (std::string nome; parole >> nome;)
-        clic_mano(tasto, slot_umano(nome));
+        for (int s = 1; s <= tavolo.n_carte(umano); ++s)
+            if (senza_scelta(tavolo.mano(umano, s)) == carta_da(nome)) {
+                clic_mano(tasto, s);
+                break;
+            }
 }
-
-void clic_riga(int posto) { clic(1, x_calate(posto), tavolo.centro_y + 120 + tavolo.alt_carta / 2); }
 
 void leggi(std::string_view testo)
 {
@@ -76,32 +73,11 @@ void in_scena(Pixels pixels, std::string_view testo)
     clic_mano(2, t.n_carte(1));
 }
 
-std::string contenuto(std::filesystem::path const& file)
-{
-    std::ostringstream testo;
-    testo << std::ifstream(file, std::ios::binary).rdbuf();
-    return testo.str();
-}
-
-bool gioca(Task procedura, std::vector<Azione> const& azioni)
+bool gioca(Task procedura)
 {
     runner.start(std::move(procedura));
     fino_all_attesa();
-    for (auto const& azione : azioni)
-        if (runner.alive()) {
-            azione();
-            fino_all_attesa();
-        }
     return !runner.alive();
-}
-
-int slot_umano(std::string_view carta)
-{
-    int const codice = carta_da(carta);
-    for (int s = 1; s <= tavolo.n_carte(1); ++s)
-        if (senza_scelta(tavolo.mano(1, s)) == codice)
-            return s;
-    return 0;
 }
 
 void clic_mano(int tasto, int slot)
@@ -109,31 +85,15 @@ void clic_mano(int tasto, int slot)
     clic(tasto, x_mano(slot) + tavolo.larg_carta / 2, y_mano_umano + tavolo.alt_carta / 2);
 }
 
-Azione pesca_pozzo() { return std::bind_front(clic_in, posto_pozzo); }
-Azione pesca_tallone() { return std::bind_front(clic_in, posto_tallone); }
-Azione scegli(std::string_view carte) { return std::bind_front(clic_carte, 2, std::string(carte)); }
-Azione clic_calate(int posto) { return std::bind_front(clic_riga, posto); }
-Azione scarta(std::string_view carta) { return std::bind_front(clic_carte, 1, std::string(carta)); }
+void pesca_pozzo() { clic_in(posto_pozzo()); }
+void pesca_tallone() { clic_in(posto_tallone()); }
+void scegli(std::string const& carte) { clic_carte(2, carte); }
+void scarta(std::string const& carta) { clic_carte(1, carta); }
+void clic_calate(Single x) { clic(1, x, tavolo.centro_y + 120 + tavolo.alt_carta / 2); }
 
 Single x_calate(int i) { return x_calata(i) + passo_calate() / 2; }
 
-std::vector<Mark> scritte()
+bool si_legge(std::string_view testo)
 {
-    auto tutte = std::vector(superficie.marks().begin(), superficie.marks().end());
-    std::erase_if(tutte, [](Mark const& m) { return m.kind != Mark::Kind::text; });
-    return tutte;
-}
-
-bool si_legge(std::string_view testo) { return std::ranges::count(scritte(), testo, &Mark::testo) > 0; }
-
-int figura_a(Single x, Single y)
-{
-    int figura = 0;
-    for (auto const& m : superficie.marks()) {
-        if (m.kind == Mark::Kind::picture && std::abs(m.box.x1 - x) < 0.01F && std::abs(m.box.y1 - y) < 0.01F)
-            figura = m.figura;
-        else if (m.kind == Mark::Kind::fill && m.box.contains({x + 1, y + 1, x + 2, y + 2}))
-            figura = 0;
-    }
-    return figura;
+    return std::ranges::count(superficie.marks(), testo, &Mark::testo) > 0;
 }

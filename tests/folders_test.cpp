@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "at_the_table.h"
 #include "folders.h"
+#include "kept_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <fstream>
 
 namespace fs = std::filesystem;
 
@@ -32,10 +30,10 @@ TEST(Folders, APortableFolderKeepsEverythingAndAnInstalledOneWritesToTheUsers)
     EXPECT_EQ(installed.tune("Rondò"), shared / "music" / "Rondo\u0300.mid");
     EXPECT_EQ(installed.names(), "");
     installed.keep_names("ANNA\r\n");
-    EXPECT_EQ(contenuto(dir / "user" / "Players"), "ANNA\r\n");
+    EXPECT_EQ(kept(dir / "user" / "Players"), "ANNA\r\n");
     fs::create_directories(dir / "portable" / "sounds");
     Folders(dir / "portable", dir / "user").keep_names("UGO\r\n");
-    EXPECT_EQ(contenuto(dir / "portable" / "Players"), "UGO\r\n");
+    EXPECT_EQ(kept(dir / "portable" / "Players"), "UGO\r\n");
     fs::remove_all(dir);
 }
 

@@ -189,11 +189,11 @@ class Evening {
         if (random(40) == 0) {
             count("person is silly");
             int const what = random(3);
-            return what == 2 ? clic_calate()() : clic_mano(1 + what, 1);
+            return what == 2 ? clic_calate(x_calate(1)) : clic_mano(1 + what, 1);
         }
         bool const pile = wants(tavolo.pozzo(tavolo.n_pozzo - 1));
         count(pile ? "person draws from the pile" : "person draws from the stock");
-        (pile ? pesca_pozzo() : pesca_tallone())();
+        pile ? pesca_pozzo() : pesca_tallone();
     }
 
     void play()
@@ -226,7 +226,7 @@ class Evening {
             plan_.emplace_back([s] { clic_mano(2, s); });
         plan_.emplace_back([this, x, what, before = int{tavolo.n_carte(1)}, meld = slots.size() != 1] {
             int const calate = tavolo.n_calate(1);
-            clic(1, x, tavolo.centro_y + 120 + tavolo.alt_carta / 2);
+            clic_calate(x);
             bool const done = tavolo.n_carte(1) < before;
             count(done ? what : "person is refused");
             if (done && meld && calate > 0 && tavolo.n_calate(1) < calate + 4)
@@ -282,7 +282,7 @@ class Evening {
         int const what = random(5), n = tavolo.n_carte(1);
         if (what < 2) {
             count("person is silly");
-            (what == 0 ? pesca_pozzo() : clic_calate())();
+            what == 0 ? pesca_pozzo() : clic_calate(x_calate(1));
         } else if (what == 2 && n >= 2) {
             count("person cancels a selection");
             plan_ = {[] { clic_mano(2, 1); }, [] { clic_mano(1, 2); }};
@@ -298,7 +298,7 @@ class Evening {
 
     std::mt19937 random_;
     PlayedHands* played_;
-    std::deque<Azione> plan_;
+    std::deque<std::function<void()>> plan_;
     std::set<int> tried_;
     bool restless_, lazy_ = false;
     int turns_ = 0, turno_ = 0;  // of this hand; whose turn it is, 0 between two hands

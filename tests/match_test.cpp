@@ -3,6 +3,7 @@
 // Whole matches: the played evening, and what does not come up in it.
 #include "at_the_table.h"
 #include "greedy_person.h"
+#include "kept_file.h"
 #include "scene.h"
 
 #include "game/dealer_choice.h"
@@ -33,7 +34,7 @@ TEST(PlayedHands, EndAsTheyAlwaysDid)
         ASSERT_EQ(guasto_tavolo(), "");
         most_marks = std::max(most_marks, superficie.marks().size());
     });
-    EXPECT_EQ(to_text(played) + "\n" + shown(played, 3) + "\n", contenuto(TESTS_FOLDER "/played_hands.txt"));
+    EXPECT_EQ(to_text(played) + "\n" + shown(played, 3) + "\n", kept(TESTS_FOLDER "/played_hands.txt"));
     EXPECT_LT(most_marks, 200U) << "the surface forgets what cannot be seen";
 }
 
@@ -55,7 +56,7 @@ TEST(Match, AHandThatNobodyCanEndGoesOnUntilThePlayerQuits)
              "calate2 4H 4D 4C 4S | 5H 5D 5C 5S | 6H 6D 6C 6S | pozzo QS tallone ...");
     std::size_t memoria = 0;
     for (int turno = 1; turno <= 3000; ++turno) {
-        pesca_tallone()();
+        pesca_tallone();
         clic_mano(1, 1);
         fino_all_attesa();
         ASSERT_EQ(guasto_tavolo(), "") << mostra_tutto();

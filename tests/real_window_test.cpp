@@ -103,7 +103,7 @@ TEST(RealWindow, PaintsWhatTheGameDrawsAndTakesClicksWhereItIs)
         EXPECT_LT(x_mano(15), griglia_x);
         clic_mano(2, 1);
         EXPECT_TRUE(si_legge("PRIMA PESCARE"));
-        pesca_tallone()();
+        pesca_tallone();
         clic_mano(2, 14);
         EXPECT_NE(at(picture_of_table(), x_mano(14) + t.larg_carta / 2, 630), green)
             << "a selected card stands higher";

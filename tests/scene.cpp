@@ -121,82 +121,68 @@ std::string panel(int n)
 
 void time(std::string const& how)
 {
-    time_stands = how != "goes";
+    time_stands = !how.starts_with("goes");
     for (int n = time_stands && how != "stops" ? std::stoi(how) : 0; n > 0; --n)
         scatta_timer();
 }
 
-// What happens, and what it tells of itself. False if it is nothing that can happen.
-bool happens(std::string const& line, std::string& told)
+// What happens, and what it tells of itself.
+std::string happens(std::string const& line)
 {
     auto const words = words_of(line);
     auto const word = [&](std::size_t i) { return i < words.size() ? words[i] : ""; };
-    auto const number = [&](std::size_t i) { return word(i).empty() ? 0 : std::stof(word(i)); };
-    auto const integer = [&](std::size_t i) { return static_cast<int>(number(i)); };
+    auto const real = [&](std::size_t i) { return word(i).empty() ? 0 : std::stof(word(i)); };
+    auto const whole = [&](std::size_t i) { return static_cast<int>(real(i)); };
     auto const rest = words.size() > 1 ? line.substr(line.find(' ') + 1) : "";
-    auto const& verb = words[0];
-    if (verb == "open")
-        avvia_programma(words.size() > 1 ? Pixels{integer(1), integer(2)} : Pixels{1024, 779});
-    else if (verb == "table")
-        table(rest);
-    else if (verb == "hand")
-        hand(rest);
-    else if (verb == "deck")
-        deck(words);
-    else if (verb == "cut")
-        clic(1, 512, 384);
-    else if (verb == "draw")
-        (word(1) == "pile" ? pesca_pozzo() : pesca_tallone())();
-    else if (verb == "select")
-        scegli(rest)();
-    else if (verb == "lay")
-        clic_calate(std::max(integer(1), 1))();
-    else if (verb == "discard")
-        scarta(rest)();
-    else if (verb == "click")
-        clic(word(1) == "left" ? 1 : word(1) == "right" ? 2 : 4, number(2), number(3));
-    else if (verb == "move")
-        evento([&] { Form_MouseMove(0, 0, number(1), number(2)); });
-    else if (verb == "menu")
-        menu(std::ranges::find(menu_tree(), rest, &MenuEntry::caption)->voce);
-    else if (verb == "panel")
-        evento(std::array{TxtItaliano_Click, TxtHelp_Click,
-                          text4_Click}[static_cast<std::size_t>(integer(1) - 1)]);
-    else if (verb == "type") {
-        evento([&] { set_text(TxtPlayer(integer(1)), word(2)), TxtPlayer_Change(integer(1)); });
-        told += names();
-    } else if (verb == "resize")
-        evento([&] { client_size({integer(1), integer(2)}), Form_Resize(); });
-    else if (verb == "tune")
-        word(1) == "fails" ? void(finestra.tune_plays = false) : evento([&] { MMC1_Done(integer(1)); });
-    else if (verb == "answer")
-        finestra.answer_yes = rest == "yes";
-    else if (verb == "close")
-        evento(Form_QueryUnload);
-    else if (verb == "time")
-        time(word(1));
-    else if (verb == "listen")
-        heard.assign(words.begin() + 1, words.end());
-    else if (verb == "worth")
-        told += leggi_tavolo("calate " + rest) ? std::to_string(valore_calate(1)) + '\n' : "no melds\n";
-    else if (verb == "file")
-        leggi_nomi(bytes_of(rest)), told += names();
-    else if (verb == "capitals")
-        told += maiuscolo(bytes_of(rest)) + '\n';
-    else if (verb == "measures")
-        told += measures();
-    else if (verb == "read")
-        told += panel(integer(1));
-    else if (verb == "menus")
-        told += menus();
-    else if (verb == "look")
-        told += mostra() + '\n';
-    else
-        return false;
+    static constexpr void (*panel_clicks[])() = {TxtItaliano_Click, TxtHelp_Click, text4_Click};
+    std::string told;
+    std::map<std::string_view, std::function<void()>> const all = {
+        {"open",
+         [&] {
+             avvia_programma(whole(1) ? Pixels{whole(1), whole(2)} : Pixels{1024, 779});
+         }},
+        {"table", [&] { table(rest); }},
+        {"hand", [&] { hand(rest); }},
+        {"deck", [&] { deck(words); }},
+        {"cut", [&] { clic(1, 512, 384); }},
+        {"draw", [&] { rest == "pile" ? pesca_pozzo() : pesca_tallone(); }},
+        {"select", [&] { scegli(rest); }},
+        {"lay", [&] { clic_calate(x_calate(std::max(whole(1), 1))); }},
+        {"discard", [&] { scarta(rest); }},
+        {"click", [&] { clic(word(1) == "left"    ? 1
+                             : word(1) == "right" ? 2
+                                                  : 4,
+                             real(2), real(3)); }},
+        {"move", [&] { Form_MouseMove(0, 0, real(1), real(2)); }},
+        {"menu", [&] { menu(std::ranges::find(menu_tree(), rest, &MenuEntry::caption)->voce); }},
+        {"panel", [&] { panel_clicks[whole(1) - 1](); }},
+        {"type", [&] { set_text(TxtPlayer(whole(1)), word(2)), TxtPlayer_Change(whole(1)), told = names(); }},
+        {"resize",
+         [&] {
+             client_size({whole(1), whole(2)}), Form_Resize();
+         }},
+        {"tune", [&] { rest == "fails" ? void(finestra.tune_plays = false) : MMC1_Done(whole(1)); }},
+        {"answer", [&] { finestra.answer_yes = rest == "yes"; }},
+        {"close", [&] { Form_QueryUnload(); }},
+        {"time", [&] { time(rest); }},
+        {"listen", [&] { heard.assign(words.begin() + 1, words.end()); }},
+        {"worth",
+         [&] { told = leggi_tavolo("calate " + rest) ? std::to_string(valore_calate(1)) + '\n' : "?\n"; }},
+        {"file", [&] { leggi_nomi(bytes_of(rest)), told = names(); }},
+        {"capitals", [&] { told = maiuscolo(bytes_of(rest)) + '\n'; }},
+        {"look", [&] { told = mostra() + '\n'; }},
+        {"menus", [&] { told = menus(); }},
+        {"measures", [&] { told = measures(); }},
+        {"read", [&] { told = panel(whole(1)); }},
+    };
+    auto const what = all.find(words[0]);
+    if (what == all.end())
+        return "nothing that can happen\n";
+    evento(what->second);
     runner.resume();
     if (!time_stands)
         fino_all_attesa();
-    return true;
+    return told;
 }
 
 }  // namespace
@@ -205,16 +191,15 @@ std::string racconta(std::string_view copione)
 {
     time_stands = false;
     heard.clear();
+    finestra.log.clear();
     std::istringstream lines{std::string(copione)};
     std::string told;
     for (std::string line; std::getline(lines, line);) {
         if (!line.empty() && line[0] != '#' && !line.starts_with("> "))
             continue;
         told += line + '\n';
-        if (!line.starts_with("> "))
-            continue;
-        if (!happens(line.substr(2), told))
-            told += "nothing that can happen\n";
+        if (line.starts_with("> "))
+            told += happens(line.substr(2));
         for (auto const& note : std::exchange(finestra.log, {}))
             if (heard.empty() ||
                 std::ranges::any_of(heard, [&](auto const& word) { return note.starts_with(word); }))

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Every scene of tests/scenes is played and must be told as it stands. scripts/scenes tells them anew.
-#include "at_the_table.h"
+#include "kept_file.h"
 #include "scene.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 namespace {
@@ -44,11 +43,11 @@ TEST(Scenes, AreToldAsTheyWere)
 {
     int scenes = 0;
     for (auto const& entry : std::filesystem::directory_iterator(TESTS_FOLDER "/scenes")) {
-        auto const kept = contenuto(entry.path()), told = racconta(kept);
+        auto const before = kept(entry.path()), told = racconta(before);
         if (std::getenv("SOLLEVINO_WRITE_SCENES"))
             std::ofstream(entry.path(), std::ios::binary) << told;
-        else if (told != kept)
-            ADD_FAILURE() << entry.path().string() << ':' << difference(kept, told);
+        else if (told != before)
+            ADD_FAILURE() << entry.path().string() << ':' << difference(before, told);
         ++scenes;
     }
     EXPECT_GT(scenes, 5);
