@@ -28,6 +28,7 @@ TEST(Folders, APortableFolderKeepsEverythingAndAnInstalledOneWritesToTheUsers)
     std::ofstream(shared / "music" / "Rondo\u0300.mid") << "a tune from another system";
     Folders const installed(dir / "prefix" / "games", dir / "user");
     EXPECT_EQ(installed.tune("Rondò"), shared / "music" / "Rondo\u0300.mid");
+    EXPECT_EQ(installed.effect("carta"), dir / "user" / "sounds" / "carta.wav") << "where it would lie";
     EXPECT_EQ(installed.names(), "");
     installed.keep_names("ANNA\r\n");
     EXPECT_EQ(kept(dir / "user" / "Players"), "ANNA\r\n");

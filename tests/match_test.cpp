@@ -102,3 +102,11 @@ TEST(Random, StaysBelowOneAndAsksTheReset)
         ASSERT_TRUE(n >= 27 && n <= 104 && caso() < 1);
     }
 }
+
+TEST(Bounds, StopACheckedBuild)
+{
+    if (!controllato)
+        GTEST_SKIP();
+    EXPECT_DEATH(tavolo.n_carte(umano) = max_mano + 1, "15 is not within 0 and 14");
+    EXPECT_DEATH(tavolo.mano(umano, -1) = 1, "-1 is not within 0 and 14");
+}

@@ -170,6 +170,8 @@ std::string happens(std::string const& line)
          [&] { told = leggi_tavolo("calate " + rest) ? std::to_string(valore_calate(1)) + '\n' : "?\n"; }},
         {"file", [&] { leggi_nomi(bytes_of(rest)), told = names(); }},
         {"capitals", [&] { told = maiuscolo(bytes_of(rest)) + '\n'; }},
+        {"check",
+         [&] { told = leggi_tavolo(with_the_rest(rest)) ? "\"" + guasto_tavolo() + "\"\n" : "no table\n"; }},
         {"look", [&] { told = mostra() + '\n'; }},
         {"menus", [&] { told = menus(); }},
         {"measures", [&] { told = measures(); }},
