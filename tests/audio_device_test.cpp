@@ -248,7 +248,7 @@ TEST_F(Devices, WhatCannotBeReadIsSilentAndHasNoEnd)
     for (auto const& [seconds, contents] : files)
         for (auto const& content : contents) {
             mixer.play(content);
-            EXPECT_TRUE(quiet(mixer.listen(3), 6 * rate) && !mixer.tune_ended()) << content.size();
+            EXPECT_TRUE(quiet(mixer.listen(3), 6 * rate) && !mixer.plays_tune()) << content.size();
             Samples const s = audio::load_wave(write("a.wav", content));
             EXPECT_EQ(s.empty(), seconds == 0) << content.size();
             EXPECT_NEAR(heard(s, 1000), seconds, 0.1) << content.size();
@@ -303,6 +303,7 @@ TEST_F(Devices, WithoutFilesOrASoundDeviceTheGameGoesOn)
             play(Device::effects, files / "a.wav");
             wait([turns = 0]() mutable { return ++turns > 50; });
         }
+        EXPECT_FALSE(device_plays(Device::music)) << driver;
         Samples const all = mixed();
         EXPECT_TRUE(codes.empty() && quiet(all, int(all.size()))) << driver;
     }
@@ -322,6 +323,7 @@ TEST_F(Devices, AnEffectRingsOutOverATuneWhenTheNextIsOpened)
     ASSERT_TRUE(run(1));
     EXPECT_NEAR(heard(mixed(), bell_tone), 1, 0.1);
     EXPECT_NEAR(heard(mixed(), card_tone), 0.35, 0.1);
+    EXPECT_TRUE(device_plays(Device::music));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "computer/computer_turn.h"
 #include "game/random.h"
 #include "game/table_state.h"
+#include "human/human_turn.h"
 #include "melds/meld_validation.h"
 #include "melds/table_melds.h"
 
@@ -207,4 +208,14 @@ TEST_F(Rules, TheComputersTurns)
         superficie.clear();
     }
     EXPECT_EQ(number, 11413838185352279923U);
+}
+
+// No later step reads it, and no picture shows it.
+TEST_F(Rules, ASelectionThatIsRefusedStandsBehindTheList)
+{
+    apparecchia("mano *9S *3H QC calate 5D 6D 7D |");
+    gioca(Gioco1());
+    clic_calate(x_calate(1));
+    EXPECT_EQ(tavolo.calate(1, 5), carta_da("9S"));
+    EXPECT_EQ(tavolo.calate(1, 6), carta_da("3H"));
 }
