@@ -4,7 +4,8 @@
 #include "game/task.h"
 
 // One turn of the human, from the first click to the discard. The hand may lay and attach as often as the
-// cards allow between draw and discard. Left: the turn is over; n_carte(1) 0 if the human has gone out, by a
+// cards allow between draw and discard.
+// Left:  the turn is over; n_carte(1) 0 if the human has gone out, by a
 // discard or by a lay that took every card.
 Task Gioco1();
 

@@ -8,8 +8,7 @@
 
 // Judges the tail of the human's list; x is the click's, in grid units.
 // Found: n_scelte cards in the tail: 1, with at least one meld in front of it, or 3 and more.
-// Left:  esito_attacco. If it is false the tail is still there and the caller takes it off. If it is true a
-// new
+// Left:  esito_attacco. If it is false the tail is still there and the caller takes it off. If it is true a new
 //        meld stays, or has joined a run beside it; an attached card stands in its meld, the tail gone.
 // Disturbs the order inside all melds.
 void controllo_calata(Single x);
