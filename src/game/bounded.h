@@ -18,8 +18,11 @@ inline constexpr bool controllato = true;
 inline constexpr bool controllato = false;
 #endif
 
-// Prints the value, its bounds and the whole table on stderr and aborts.
+// Prints the value and its bounds on stderr, then what prima_di_fermare has to say, and aborts.
 [[noreturn]] void fuori_limiti(int valore, int minimo, int massimo);
+
+// Says on stderr what may help to find the fault; the check of the table prints the table.
+inline void (*prima_di_fermare)() = [] {};
 
 constexpr void controlla_limiti(int valore, int minimo, int massimo)
 {

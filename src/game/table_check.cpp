@@ -9,26 +9,30 @@
 
 namespace {
 
-[[noreturn]] void ferma(std::string const& perche)
-{
-    std::fprintf(stderr, "%s\n%s\n", perche.c_str(), mostra_tutto().c_str());
-    std::abort();
-}
+void mostra_su_stderr() { std::fprintf(stderr, "%s\n", mostra_tutto().c_str()); }
+
+// A number out of its bounds shows the table too.
+[[maybe_unused]] bool const agganciato = [] {
+    if constexpr (controllato)
+        prima_di_fermare = mostra_su_stderr;
+    return controllato;
+}();
 
 // From the choice of the dealer, whose ranks the set-up of the hand clears, to the end of the deal the cards
 // are not in their places.
 bool distribuite()
 {
     auto const& t = tavolo;
-    return t.azione != 15 && t.azione != 7 && t.valore_scelta(1) == 0 && t.mano(1, 1) + t.mano(2, 1) != 0;
+    return t.azione != azioni::ignora && t.azione != azioni::taglia && t.valore_scelta(umano) == 0 &&
+           t.mano(umano, 1) + t.mano(computer, 1) != 0;
 }
 
 // The computer's last slot is a copy of the pile's top until it is taken or dropped.
 bool carta_provvisoria()
 {
     auto const& t = tavolo;
-    return t.turno == 2 && !t.pescato && t.n_pozzo > 0 && t.n_carte(2) > 0 &&
-           t.mano(2, t.n_carte(2)) == t.pozzo(t.n_pozzo - 1);
+    return t.turno == computer && !t.pescato && t.n_pozzo > 0 && t.n_carte(computer) > 0 &&
+           t.mano(computer, t.n_carte(computer)) == t.pozzo(t.n_pozzo - 1);
 }
 
 std::string guasto_calate(int p)
@@ -46,68 +50,102 @@ std::string guasto_calate(int p)
     return carte == 0 ? "" : "a meld without its marker";
 }
 
-}  // namespace
-
-std::string guasto_tavolo()
+std::string guasto_liste()
 {
-    auto const& t = tavolo;
-    if (!distribuite())
-        return "";
-    Serie<int, 52> facce;
-    int carte = 0;
-    auto const conta = [&](int carta) {
-        ++facce(prima_copia(carta));
-        ++carte;
-    };
-    for (int p = 1; p <= 2; ++p) {
-        if (auto const guasto = guasto_calate(p); !guasto.empty())
-            return guasto;
+    auto const guasto = guasto_calate(umano);
+    return guasto.empty() ? guasto_calate(computer) : guasto;
+}
+
+// How often each face is there; 0 counts empty places among the cards.
+class Conteggio {
+  public:
+    Conteggio()
+    {
+        for (int p : {umano, computer})
+            conta_di(p);
+        auto const& t = tavolo;
+        for (int i = 0; i < t.n_pozzo; ++i)
+            conta(t.pozzo(i));
+        for (int i = t.cima_tallone; i <= carte_mazzo; ++i)
+            conta(t.mazzo(i));
+        if (carte_ == carte_mazzo + 1 && carta_provvisoria())
+            --facce_(prima_copia(t.mano(computer, t.n_carte(computer))));
+    }
+    int faccia(int f) const { return facce_(f); }
+
+  private:
+    void conta(int carta)
+    {
+        ++facce_(prima_copia(carta));
+        ++carte_;
+    }
+    void conta_di(int p)
+    {
+        auto const& t = tavolo;
         for (int i = 1; i <= t.n_calate(p); ++i)
             if (t.calate(p, i) != segnacalata)
                 conta(t.calate(p, i));
         for (int s = 1; s <= t.n_carte(p); ++s)
-            if (p == 1 || t.turno == 1 || t.mano(p, s) != 0)  // a gap that the computer's turn closes again
+            if (p == umano || t.turno == umano ||
+                t.mano(p, s) != 0)  // a gap that the computer's turn closes again
                 conta(senza_scelta(t.mano(p, s)));
     }
-    for (int i = 0; i < t.n_pozzo; ++i)
-        conta(t.pozzo(i));
-    for (int i = t.cima_tallone; i <= carte_mazzo; ++i)
-        conta(t.mazzo(i));
-    if (carte == carte_mazzo + 1 && carta_provvisoria()) {
-        --facce(prima_copia(t.mano(2, t.n_carte(2))));
-        --carte;
-    }
+
+    Serie<int, 52> facce_;
+    int carte_ = 0;
+};
+
+std::string guasto_facce()
+{
+    Conteggio const tavola;
     for (int f = 1; f <= 52; ++f)
-        if (facce(f) != 2)
-            return nome_carta(f) + " is there " + std::to_string(facce(f)) + " times";
-    if (facce(0) != 0)
-        return "an empty place among the cards";
+        if (tavola.faccia(f) != 2)
+            return nome_carta(f) + " is there " + std::to_string(tavola.faccia(f)) + " times";
+    return tavola.faccia(0) == 0 ? "" : "an empty place among the cards";
+}
 
-    int const pozzo_e_tallone = t.n_pozzo + carte_mazzo + 1 - t.cima_tallone;
-    bool const fuori_turno = t.n_carte(1) == 0 || t.n_carte(2) == 0;
-    if (pozzo_e_tallone != max_pozzo && !(pozzo_e_tallone == max_pozzo - 1 && (t.pescato || fuori_turno)))
-        return "pile and stock are " + std::to_string(pozzo_e_tallone) + " cards";
+// One card fewer than 78 while a player holds the card of his turn, or is out.
+std::string guasto_pozzo_e_tallone()
+{
+    auto const& t = tavolo;
+    int const carte = t.n_pozzo + tallone_vuoto - t.cima_tallone;
+    bool const una_in_mano = t.pescato || t.n_carte(umano) == 0 || t.n_carte(computer) == 0;
+    if (carte == max_pozzo || (carte == max_pozzo - 1 && una_in_mano))
+        return "";
+    return "pile and stock are " + std::to_string(carte) + " cards";
+}
 
-    if (t.turno == 1) {
-        Mappa vera;
-        vera.vuota();
-        for (int s = 1; s <= t.n_carte(2); ++s)
-            vera.segna(t.mano(2, s));
-        if (vera != t.mappa(2))
-            return "the computer's map is not its hand";
-    }
+// In its own turn the computer uses its map as a scratch board.
+std::string guasto_mappa()
+{
+    auto const& t = tavolo;
+    if (t.turno != umano)
+        return "";
+    Mappa vera;
+    vera.vuota();
+    for (int s = 1; s <= t.n_carte(computer); ++s)
+        vera.segna(t.mano(computer, s));
+    return vera == t.mappa(computer) ? "" : "the computer's map is not its hand";
+}
+
+}  // namespace
+
+std::string guasto_tavolo()
+{
+    if (!distribuite())
+        return "";
+    for (auto const cerca : {guasto_liste, guasto_facce, guasto_pozzo_e_tallone, guasto_mappa})
+        if (auto guasto = cerca(); !guasto.empty())
+            return guasto;
     return "";
 }
 
 void controlla_tavolo()
 {
     if constexpr (controllato)
-        if (!tavolo_coerente())
-            ferma(guasto_tavolo());
-}
-
-void fuori_limiti(int valore, int minimo, int massimo)
-{
-    ferma("out of bounds: " + std::to_string(valore) + " is not within " + std::to_string(minimo) + " and " +
-          std::to_string(massimo));
+        if (auto const guasto = guasto_tavolo(); !guasto.empty()) {
+            std::fprintf(stderr, "%s\n", guasto.c_str());
+            mostra_su_stderr();
+            std::abort();
+        }
 }

@@ -14,17 +14,10 @@ constexpr std::array<std::string_view, 14> valori = {"",  "A", "2", "3",  "4", "
                                                      "7", "8", "9", "10", "J", "Q", "K"};
 constexpr std::string_view semi = " HDCS";
 
-bool numero(std::string_view parola, int massimo, int& valore)
-{
-    auto const [fine, errore] = std::from_chars(parola.data(), parola.data() + parola.size(), valore);
-    return errore == std::errc() && fine == parola.data() + parola.size() && valore >= -massimo &&
-           valore <= massimo;
-}
-
 // One word behind the word of a group. False if it does not belong there or has no room.
 bool aggiungi(TableState& t, std::string_view gruppo, std::string_view parola)
 {
-    int const p = gruppo.ends_with('2') ? 2 : 1;
+    int const p = gruppo.ends_with('2') ? computer : umano;
     if (gruppo == "calate" || gruppo == "calate2") {
         int const carta = parola == "|" ? segnacalata : carta_da(parola);
         if (carta == 0 || t.n_calate(p) == max_calate)
@@ -57,35 +50,53 @@ bool aggiungi(TableState& t, std::string_view gruppo, std::string_view parola)
     return true;
 }
 
-// A number word. False if it is none of them or the number is out of bounds.
-bool numero_di(TableState& t, std::string_view parola, std::string_view testo)
+// The words that stand in front of a number, in the order in which they are shown.
+struct ParolaNumero {
+    std::string_view parola;
+    int minimo, massimo;
+    int (*leggi)(TableState const&);
+    void (*scrivi)(TableState&, int);
+};
+constexpr std::array<ParolaNumero, 7> numeri{{
+    {"turno", 0, 2, [](auto const& t) -> int { return t.turno; }, [](auto& t, int n) { t.turno = n; }},
+    {"cartaro", 0, 2, [](auto const& t) -> int { return t.cartaro; }, [](auto& t, int n) { t.cartaro = n; }},
+    {"game", 0, righe_gioco, [](auto const& t) -> int { return t.n_game; },
+     [](auto& t, int n) { t.n_game = n; }},
+    {"azione", 0, azioni::ignora, [](auto const& t) -> int { return t.azione; },
+     [](auto& t, int n) { t.azione = n; }},
+    {"pescato", 0, 1, [](auto const& t) -> int { return t.pescato; },
+     [](auto& t, int n) { t.pescato = n != 0; }},
+    {"totale", -32767, 32767, [](auto const& t) -> int { return t.totale(umano); },
+     [](auto& t, int n) { t.totale(umano) = n; }},
+    {"totale2", -32767, 32767, [](auto const& t) -> int { return t.totale(computer); },
+     [](auto& t, int n) { t.totale(computer) = n; }},
+}};
+
+// The number in that text. False if it is none or out of the word's bounds.
+bool scrivi_numero(TableState& t, ParolaNumero const& parola, std::string_view testo)
 {
     int n = 0;
-    int const massimo = parola == "turno" || parola == "cartaro" ? 2
-                        : parola == "game"                       ? righe_gioco
-                        : parola == "azione"                     ? 15
-                        : parola == "pescato"                    ? 1
-                                                                 : 32767;
-    if (!numero(testo, massimo, n) || (massimo != 32767 && n < 0))
+    auto const* const fine = testo.data() + testo.size();
+    auto const [letto, errore] = std::from_chars(testo.data(), fine, n);
+    if (errore != std::errc() || letto != fine || n < parola.minimo || n > parola.massimo)
         return false;
-    if (parola == "turno")
-        t.turno = n;
-    else if (parola == "cartaro")
-        t.cartaro = n;
-    else if (parola == "game")
-        t.n_game = n;
-    else if (parola == "azione")
-        t.azione = n;
-    else if (parola == "pescato")
-        t.pescato = n != 0;
-    else
-        t.totale(parola == "totale" ? 1 : 2) = n;
+    parola.scrivi(t, n);
     return true;
 }
 
 constexpr std::array<std::string_view, 6> gruppi = {"mano", "mano2", "calate", "calate2", "pozzo", "tallone"};
-constexpr std::array<std::string_view, 7> numeri = {"turno",   "cartaro", "game",   "azione",
-                                                    "pescato", "totale",  "totale2"};
+
+// Moves the stock from the front of mazzo, where it was read, to its end.
+void tallone_in_fondo(TableState& t)
+{
+    int const quante = t.cima_tallone;
+    for (int i = quante; i >= 1; --i) {
+        int const carta = t.mazzo(i);
+        t.mazzo(i) = 0;
+        t.mazzo(carte_mazzo - quante + i) = carta;
+    }
+    t.cima_tallone = tallone_vuoto - quante;
+}
 
 bool lista_chiusa(TableState const& t, int p)
 {
@@ -127,12 +138,12 @@ std::string mostra()
         for (int i = da; i <= a; ++i)
             testo += " " + voce(i);
     };
-    for (int p = 1; p <= 2; ++p)
-        gruppo(p == 1 ? "mano" : "mano2", 1, t.n_carte(p), [p](int s) {
+    for (int p : {umano, computer})
+        gruppo(p == umano ? "mano" : "mano2", 1, t.n_carte(p), [p](int s) {
             return (t.mano(p, s) > scelta ? "*" : "") + nome_carta(senza_scelta(t.mano(p, s)));
         });
-    for (int p = 1; p <= 2; ++p)
-        gruppo(p == 1 ? "calate" : "calate2", 1, t.n_calate(p), [p](int i) {
+    for (int p : {umano, computer})
+        gruppo(p == umano ? "calate" : "calate2", 1, t.n_calate(p), [p](int i) {
             return t.calate(p, i) == segnacalata ? std::string("|") : nome_carta(t.calate(p, i));
         });
     gruppo("pozzo", 0, t.n_pozzo - 1, [](int i) { return nome_carta(t.pozzo(i)); });
@@ -143,12 +154,9 @@ std::string mostra()
 
 std::string mostra_tutto()
 {
-    auto const& t = tavolo;
-    std::array<int, numeri.size()> const valori_numeri = {t.turno,   t.cartaro,   t.n_game,   t.azione,
-                                                          t.pescato, t.totale(1), t.totale(2)};
     std::string testo = mostra();
-    for (std::size_t i = 0; i < numeri.size(); ++i)
-        testo.append(" ").append(numeri[i]).append(" ").append(std::to_string(valori_numeri[i]));
+    for (auto const& numero : numeri)
+        testo.append(" ").append(numero.parola).append(" ").append(std::to_string(numero.leggi(tavolo)));
     return testo;
 }
 
@@ -159,32 +167,27 @@ bool leggi_tavolo(std::string_view testo)
     static_cast<Tavola&>(nuovo) = {};
     static_cast<Turno&>(nuovo) = {};
     static_cast<Partita&>(nuovo) = {};
-    nuovo.mappa(1).vuota();
-    nuovo.mappa(2).vuota();
+    nuovo.mappa(umano).vuota();
+    nuovo.mappa(computer).vuota();
 
     std::istringstream parole{std::string(testo)};
     std::string gruppo, parola;
     while (parole >> parola) {
+        auto const numero = std::ranges::find(numeri, parola, &ParolaNumero::parola);
         if (std::ranges::find(gruppi, parola) != gruppi.end()) {
             gruppo = parola;
-        } else if (std::ranges::find(numeri, parola) != numeri.end()) {
+        } else if (numero != numeri.end()) {
             std::string valore;
             parole >> valore;
-            if (!numero_di(nuovo, parola, valore))
+            if (!scrivi_numero(nuovo, *numero, valore))
                 return false;
         } else if (!aggiungi(nuovo, gruppo, parola)) {
             return false;
         }
     }
-    if (!lista_chiusa(nuovo, 1) || !lista_chiusa(nuovo, 2))
+    if (!lista_chiusa(nuovo, umano) || !lista_chiusa(nuovo, computer))
         return false;
-    int const tallone = nuovo.cima_tallone;
-    for (int i = tallone; i >= 1; --i) {
-        int const carta = nuovo.mazzo(i);
-        nuovo.mazzo(i) = 0;
-        nuovo.mazzo(carte_mazzo - tallone + i) = carta;
-    }
-    nuovo.cima_tallone = carte_mazzo - tallone + 1;
+    tallone_in_fondo(nuovo);
     tavolo = nuovo;
     return true;
 }
