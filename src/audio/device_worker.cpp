@@ -74,8 +74,10 @@ void work(std::shared_ptr<Desk> desk)
         }
         for (auto const& sound : sounds)
             player->play_sound(desk->find(Device::effects, sound));
-        if (number != playing)
-            tune.empty() ? player->stop_tune() : player->play_tune(desk->find(Device::music, tune));
+        if (number != playing && tune.empty())
+            player->stop_tune();
+        else if (number != playing)
+            player->play_tune(desk->find(Device::music, tune));
         playing = number;
         bool const failed = !tune.empty() && !player->plays_tune();
         bool const ended = player->look();
@@ -162,7 +164,10 @@ void device_play(Device d)
     auto& c = control(d);
     if (!c.opened || !std::exchange(c.at_start, false))
         return;
-    d == Device::music ? play_tune(*c.opened) : play_sound(*c.opened);
+    if (d == Device::music)
+        play_tune(*c.opened);
+    else
+        play_sound(*c.opened);
 }
 
 bool device_plays(Device d)

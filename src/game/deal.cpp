@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int primo_pacchetto = 1, secondo_pacchetto = primo_pacchetto + carte_smazzata;
+
 void disegno_arredo()
 {
     superficie.outline_box(cornice(), colori::cornice);
@@ -23,13 +25,13 @@ Task dai_pacchetto(int p, int da)
 {
     auto& t = tavolo;
     Box const tallone = posto_tallone();
-    for (t.i = da; t.i <= da + 12; ++t.i) {
+    for (t.i = da; t.i < da + carte_smazzata; ++t.i) {
         int const slot = t.i - da + 1;
         t.pos_x = x_mano(slot);
         t.pos_y = y_mano(p);
         co_await ritardo(0.03F);
         Carta const carta = t.mazzo(t.i);
-        dipingi(p == 1 ? faccia(carta) : dorso(carta), t.pos_x, t.pos_y);
+        dipingi(p == umano ? faccia(carta) : dorso(carta), t.pos_x, t.pos_y);
         dipingi(dorso(t.mazzo(t.i + 1)), tallone.x1, tallone.y1);  // the deck shows its real next card
         suona();
         t.mano(p, slot) = carta;
@@ -55,7 +57,7 @@ void disegno_titolo()
 Task daicarte()
 {
     auto& t = tavolo;
-    t.azione = 15;
+    t.azione = azioni::ignora;
     Posiziona_Players();
     enable(Menu::play_rate, false);
     disegno_arredo();
@@ -65,22 +67,22 @@ Task daicarte()
     Box const tallone = posto_tallone();
     dipingi(dorsov(0), tallone.x1, tallone.y1);
 
-    if (t.cartaro == 2) {
-        co_await dai_pacchetto(1, 1);
+    if (t.cartaro == computer) {
+        co_await dai_pacchetto(umano, primo_pacchetto);
         co_await ritardo(0.1F);
-        co_await dai_pacchetto(2, 14);
+        co_await dai_pacchetto(computer, secondo_pacchetto);
         co_await ritardo(0.1F);
     } else {
-        co_await dai_pacchetto(2, 1);
-        co_await dai_pacchetto(1, 14);
+        co_await dai_pacchetto(computer, primo_pacchetto);
+        co_await dai_pacchetto(umano, secondo_pacchetto);
     }
 
     t.n_pozzo = 1;
-    t.pozzo(0) = t.mazzo(27);
-    t.cima_tallone = 28;
+    t.pozzo(0) = t.mazzo(primo_scarto);
+    t.cima_tallone = primo_tallone;
     mostra_pozzo();
     mostra_tallone();
     co_await ritardo(0.01F);
     enable(Menu::play_rate, true);
-    t.azione = 0;
+    t.azione = azioni::nessuna;
 }

@@ -28,7 +28,7 @@ void pagina_di_apertura()
         t.x_scelta(p) = x_taglio();
         t.y_scelta(p) = y_mano(p);
     }
-    t.azione = 7;
+    t.azione = azioni::taglia;
     Lettura_Players();
     mouse_pointer(Pointer::arrow);
     disegno_titolo();
@@ -77,12 +77,12 @@ Task Scelta_Cartaro()
     pagina_di_apertura();
 
     for (;;) {
-        t.turno = 2;
+        t.turno = computer;
         co_await taglia();
-        t.turno = 1;
+        t.turno = umano;
         ++t.pos_scelta;
         co_await taglia();
-        if (t.valore_scelta(1) != t.valore_scelta(2))
+        if (t.valore_scelta(umano) != t.valore_scelta(computer))
             break;
 
         t.cartaro = 0;
@@ -98,8 +98,8 @@ Task Scelta_Cartaro()
         }
     }
 
-    t.cartaro = t.valore_scelta(2) > t.valore_scelta(1) ? 2 : 1;
-    t.azione = 0;
+    t.cartaro = t.valore_scelta(computer) > t.valore_scelta(umano) ? 2 : 1;
+    t.azione = azioni::nessuna;
     t.turno = t.cartaro;
     Posiziona_Players();  // the dealer's name in white
     t.turno = altro(t.cartaro);

@@ -22,7 +22,7 @@ Task gioca_smazzata()
     auto& t = tavolo;
     for (;;) {
         Posiziona_Players();
-        if (t.turno == 2)
+        if (t.turno == computer)
             co_await Gioco2();
         else
             co_await Gioco1();
@@ -42,7 +42,7 @@ void prossima_riga()
         ++t.n_game;
         return;
     }
-    for (int p = 1; p <= 2; ++p)
+    for (int p : {umano, computer})
         for (int g = 1; g < righe_gioco; ++g) {
             t.punti(p, g) = t.punti(p, g + 1);
             t.penali(p, g) = t.penali(p, g + 1);
@@ -73,7 +73,7 @@ Task gioca_partita()
         scopro_carte();
         co_await ritardo(0.3F);
         co_await risultato();
-        bool const finita = t.totale(1) >= traguardo || t.totale(2) >= traguardo;
+        bool const finita = t.totale(umano) >= traguardo || t.totale(computer) >= traguardo;
         enable(Menu::menu_continue, !finita);
         enable(Menu::menu_NewGame, true);
         mouse_pointer(Pointer::arrow);
@@ -105,8 +105,8 @@ void Gioco_Imposta()
     auto& t = tavolo;
     static_cast<Smazzata&>(t) = {};
     Lettura_Players();
-    for (int p = 1; p <= 2; ++p) {
-        t.n_carte(p) = 13;
+    for (int p : {umano, computer}) {
+        t.n_carte(p) = carte_smazzata;
         t.mappa(p).vuota();
     }
     superficie.clear();

@@ -49,12 +49,12 @@ Task Rimescola()
     dipingi(dorsov(0), mazzetto.x1, mazzetto.y1);
     co_await ritardo(0.5F);
 
-    for (int i = 27; i <= carte_mazzo; ++i)
-        t.mazzo_tmp(i) = t.pozzo(i - 27);
-    mescola_da(27, -5);
+    for (int i = primo_scarto; i <= carte_mazzo; ++i)
+        t.mazzo_tmp(i) = t.pozzo(i - primo_scarto);
+    mescola_da(primo_scarto, -5);
     t.n_pozzo = 1;
-    t.pozzo(0) = t.mazzo(27);
-    t.cima_tallone = 28;
+    t.pozzo(0) = t.mazzo(primo_scarto);
+    t.cima_tallone = primo_tallone;
     co_await ritardo(1.0F);
 
     superficie.fill_box(mazzetto, colori::tavolo);

@@ -17,6 +17,25 @@ inline constexpr int max_pozzo = 78;    // cards of pile and stock together
 inline constexpr int righe_gioco = 20;  // rows of the table of games
 inline constexpr int traguardo = 1500;  // points that end a match
 
+inline constexpr int carte_smazzata = 13;                    // dealt to each player
+inline constexpr int primo_scarto = 2 * carte_smazzata + 1;  // entry of mazzo that opens the pile
+inline constexpr int primo_tallone = primo_scarto + 1;       // the stock's first
+inline constexpr int tallone_vuoto = carte_mazzo + 1;        // cima_tallone of an empty stock
+
+// What azione holds: nothing, an action of the human's turn, or what the game does instead of one.
+namespace azioni {
+enum : Byte {
+    nessuna = 0,
+    pesca_pozzo = 1,
+    pesca_tallone = 2,
+    scegli = 3,
+    cala = 4,
+    scarta = 5,
+    taglia = 7,
+    ignora = 15
+};
+}
+
 inline constexpr int umano = 1, computer = 2;
 constexpr int altro(int giocatore) { return giocatore == umano ? computer : umano; }
 
@@ -53,10 +72,8 @@ struct Tavola {
 struct Turno {
     Numero<Byte, 0, 2> turno;                        // player on turn, or who cuts            game
     bool pescato = false;                            // he has taken his card                  human computer
-    Numero<Byte, 0, 15> azione;                      // mailbox of the pointer: 0 nothing,     game human
-                                                     // 1 to 5 an action of the human, 7 the
-                                                     // dealer choice, 15 clicks are ignored
-    Single click_x = 0;                              // x of the click behind azione 3, 4, 5   human
+    Numero<Byte, 0, 15> azione;                      // mailbox of the pointer, see azioni     game human
+    Single click_x = 0;                              // x of a click on hand or melds          human
     CartaMazzo pos_scelta;                           // entry of mazzo that is offered to cut  game
     Carta carta_scelta;                              // the card cut, 0 while waiting; the     game human melds
                                                      // card that is being attached

@@ -98,17 +98,23 @@ bool cala()
     return true;
 }
 
+bool qualcuna_scelta()
+{
+    for (int s = 1; s <= tavolo.n_carte(umano); ++s)
+        if (scelto(s))
+            return true;
+    return false;
+}
+
 // Brings all selected cards down. False if there was none.
 bool annulla_scelta()
 {
     auto& t = tavolo;
-    bool qualcuna = false;
+    if (!qualcuna_scelta())
+        return false;
     for (int s = 1; s <= t.n_carte(umano); ++s)
-        if (scelto(s)) {
-            t.mano(umano, s) -= scelta;
-            qualcuna = true;
-        }
-    return qualcuna;
+        t.mano(umano, s) = senza_scelta(t.mano(umano, s));
+    return true;
 }
 
 void scarta()
@@ -122,6 +128,18 @@ void scarta()
     suona();
 }
 
+// Carries out an action that does not end the turn. True if there is something new to see.
+bool esegui(int azione)
+{
+    switch (azione) {
+    case azioni::pesca_pozzo: return pesca(true);
+    case azioni::pesca_tallone: return pesca(false);
+    case azioni::scegli: scegli_carta(); return true;
+    case azioni::cala: return cala();
+    default: return annulla_scelta();
+    }
+}
+
 }  // namespace
 
 Task Gioco1()
@@ -129,40 +147,20 @@ Task Gioco1()
     auto& t = tavolo;
     t.pescato = false;
     for (;;) {
-        t.azione = 0;
+        t.azione = azioni::nessuna;
         mouse_pointer(Pointer::arrow);
-        while (t.azione == 0)
+        while (t.azione == azioni::nessuna)
             co_await eventi();
 
-        bool fatto = false;  // there is something new to see
-        bool scartato = false;
-        switch (t.azione) {
-        case 1: fatto = pesca(true); break;
-        case 2: fatto = pesca(false); break;
-        case 3:
-            scegli_carta();
-            fatto = true;
-            break;
-        case 4: fatto = cala(); break;
-        case 5:
-            if (!t.pescato)
-                break;
-            fatto = true;
-            if (!annulla_scelta()) {
-                scarta();
-                scartato = true;
-            }
-            break;
-        default: break;
-        }
-        if (!fatto)
-            continue;
-        disegno_mano();
-        if (scartato) {
+        if (t.azione == azioni::scarta && t.pescato && !qualcuna_scelta()) {
+            scarta();
+            disegno_mano();
             co_await ritardo(0.1F);
             co_await rimescola_se_finito();
             co_return;
         }
+        if (esegui(t.azione))
+            disegno_mano();
         if (t.n_carte(umano) == 0)  // a lay took every card: there is none to discard
             co_return;
     }

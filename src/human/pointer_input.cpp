@@ -28,23 +28,23 @@ void tasto_sinistro(Single x, Single y)
         runner.start(Main());
         return;
     }
-    if (t.azione == 7) {
+    if (t.azione == azioni::taglia) {
         if (area_scelta.around(x, y))
             t.carta_scelta = t.mazzo(t.pos_scelta);
         return;
     }
-    if (t.turno == 2)
+    if (t.turno == computer)
         return;
     if (posto_pozzo().around(x, y)) {
-        t.azione = 1;
+        t.azione = azioni::pesca_pozzo;
     } else if (posto_tallone().around(x, y)) {
-        t.azione = 2;
+        t.azione = azioni::pesca_tallone;
     } else if (posto_calate().around(x, y)) {
         t.click_x = x;
-        t.azione = 4;
+        t.azione = azioni::cala;
     } else if (sulla_mano(x, y)) {
         t.click_x = x;
-        t.azione = 5;
+        t.azione = azioni::scarta;
     }
 }
 
@@ -53,17 +53,17 @@ void tasto_sinistro(Single x, Single y)
 void tasto_destro(Single x, Single y)
 {
     auto& t = tavolo;
-    if (t.azione == 7 || !sulla_mano(x, y))
+    if (t.azione == azioni::taglia || !sulla_mano(x, y))
         return;
     if (!t.pescato) {
         superficie.print_at(x_prima_pescare, y_prima_pescare);
         superficie.print("PRIMA PESCARE");
         return;
     }
-    if (t.n_carte(1) == 1)
+    if (t.n_carte(umano) == 1)
         return;
     t.click_x = x;
-    t.azione = 3;
+    t.azione = azioni::scegli;
 }
 
 }  // namespace
@@ -71,7 +71,7 @@ void tasto_destro(Single x, Single y)
 void Form_MouseDown(int Button, int /*Shift*/, Single X, Single Y)
 {
     chiudi_pannelli();
-    if (tavolo.azione == 15)
+    if (tavolo.azione == azioni::ignora)
         return;
     if (Button == 1)
         tasto_sinistro(X, Y);
@@ -81,7 +81,7 @@ void Form_MouseDown(int Button, int /*Shift*/, Single X, Single Y)
 
 void Form_MouseMove(int /*Button*/, int /*Shift*/, Single X, Single Y)
 {
-    if (tavolo.turno != 1)
+    if (tavolo.turno != umano)
         return;
     mouse_pointer(posto_calate().around(X, Y) ? Pointer::up_arrow : Pointer::arrow);
 }

@@ -57,13 +57,13 @@ void Posiziona_Players()
 {
     auto const& t = tavolo;
     auto const colore = [](int p) {
-        return t.turno == p && t.azione != 7 ? colori::bianco : colori::cornice;
+        return t.turno == p && t.azione != azioni::taglia ? colori::bianco : colori::cornice;
     };
     superficie.font_size(8);
-    superficie.text_colour(colore(1));
+    superficie.text_colour(colore(umano));
     superficie.print_at(x_nomi(), y_nome(umano));
     superficie.print_line(t.nomi(0));
-    superficie.text_colour(colore(2));
+    superficie.text_colour(colore(computer));
     superficie.print_at(x_nomi(), y_nome(computer));
     superficie.print_line(t.nomi(1));
 }

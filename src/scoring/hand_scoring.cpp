@@ -75,8 +75,8 @@ class TavolaPartite {
     void intestazione()
     {
         superficie.text_colour(colori::blu);
-        scrivi(1, 0, "Game    " + tavolo.nomi(0));
-        scrivi(2, 0, tavolo.nomi(1));
+        scrivi(umano, 0, "Game    " + tavolo.nomi(0));
+        scrivi(computer, 0, tavolo.nomi(1));
         y_ += riga_;
     }
 
@@ -84,9 +84,9 @@ class TavolaPartite {
     {
         auto const& t = tavolo;
         superficie.text_colour(colori::bianco);
-        scrivi(1, 0, numero(g + t.game_usciti));
-        for (int p = 1; p <= 2; ++p) {
-            int const colonna = p == 1 ? 6 : 0;
+        scrivi(umano, 0, numero(g + t.game_usciti));
+        for (int p : {umano, computer}) {
+            int const colonna = p == umano ? 6 : 0;
             scrivi(p, colonna, numero(t.punti(p, g)));
             scrivi(p, colonna + 6, " -");
             scrivi(p, colonna + 7, numero(t.penali(p, g)));
@@ -97,8 +97,8 @@ class TavolaPartite {
     void totali()
     {
         superficie.text_colour(colori::nero);
-        scrivi(1, 8, numero(tavolo.totale(1)));
-        scrivi(2, 0, numero(tavolo.totale(2)));
+        scrivi(umano, 8, numero(tavolo.totale(umano)));
+        scrivi(computer, 0, numero(tavolo.totale(computer)));
     }
 
   private:
@@ -116,12 +116,12 @@ class TavolaPartite {
 void scopro_carte()
 {
     auto& t = tavolo;
-    for (int s = 1; s <= t.n_carte(2); ++s) {
+    for (int s = 1; s <= t.n_carte(computer); ++s) {
         t.pos_x = x_mano(s);
         t.pos_y = y_mano_computer;
         superficie.fill_box({t.pos_x, t.pos_y, t.pos_x + t.larg_carta, t.pos_y + t.alt_carta},
                             colori::tavolo);
-        dipingi(faccia(t.mano(2, s)), t.pos_x, t.pos_y);
+        dipingi(faccia(t.mano(computer, s)), t.pos_x, t.pos_y);
     }
 }
 
@@ -142,10 +142,10 @@ Task risultato()
     auto& t = tavolo;
     co_await apre_pannello();
 
-    int const chiude = t.n_carte(2) == 0 ? 2 : 1;
-    for (int p = 1; p <= 2; ++p)
+    int const chiude = t.n_carte(computer) == 0 ? 2 : 1;
+    for (int p : {umano, computer})
         conta_punti(p, chiude);
-    for (int p = 1; p <= 2; ++p)
+    for (int p : {umano, computer})
         t.totale(p) = t.punti(p, t.n_game) + t.totale(p) - t.penali(p, t.n_game);
 
     TavolaPartite tavola;

@@ -30,8 +30,11 @@ void menu_click(Menu voce)
 {
     if (!enabled(voce))
         return;
-    if (int const i = index_in(voce, velocità(1), n_velocità))
-        return enabled(Menu::play_rate) ? velocità_Click(i) : void();
+    if (int const i = index_in(voce, velocità(1), n_velocità)) {
+        if (enabled(Menu::play_rate))
+            velocità_Click(i);
+        return;
+    }
     if (int const i = index_in(voce, canzoni(1), n_canzoni))
         return canzoni_Click(i);
 

@@ -80,15 +80,15 @@ std::string_view caption(Menu voce) { return albero[posto(voce)].caption; }
 bool enabled(Menu voce) { return stato[posto(voce)].enabled; }
 bool checked(Menu voce) { return stato[posto(voce)].checked; }
 
-void enable(Menu voce, bool sì)
+void enable(Menu voce, bool yes)
 {
-    stato[posto(voce)].enabled = sì;
+    stato[posto(voce)].enabled = yes;
     show_menu_entry(voce);
 }
 
-void check(Menu voce, bool sì)
+void check(Menu voce, bool yes)
 {
-    stato[posto(voce)].checked = sì;
+    stato[posto(voce)].checked = yes;
     show_menu_entry(voce);
 }
 

@@ -54,8 +54,8 @@ bool enabled(Menu voce);
 bool checked(Menu voce);
 
 // Set the state and show it. They raise no handler.
-void enable(Menu voce, bool sì);
-void check(Menu voce, bool sì);
+void enable(Menu voce, bool yes);
+void check(Menu voce, bool yes);
 
 // As stored: "Bassa" and "Si" checked, everything enabled. A window that is there already is not told.
 void load_menus();

@@ -36,7 +36,7 @@ void show_control(Control controllo);
 // the call lasts so long is the window's business. The game awaits its message; a handler hands over what is
 // to be done after a yes, as its last act.
 Task message_box(std::string_view testo);
-void ask_yes_no(std::string_view testo, void (*sì)());
+void ask_yes_no(std::string_view testo, void (*yes)());
 
 void beep();
 

@@ -113,7 +113,7 @@ Task message_box(std::string_view testo)
     wake_game();  // what came while the box was open woke nobody
 }
 
-void ask_yes_no(std::string_view testo, void (*sì)())
+void ask_yes_no(std::string_view testo, void (*if_yes)())
 {
     auto* const w = MainWindow::current();
     if (!w)
@@ -125,7 +125,7 @@ void ask_yes_no(std::string_view testo, void (*sì)())
     box.setEscapeButton(no);
     box.exec();
     if (box.clickedButton() == yes)
-        sì();
+        if_yes();
 }
 
 void beep() { QApplication::beep(); }

@@ -175,9 +175,9 @@ Task message_box(std::string_view testo)
 }
 
 // The handler that asks stays open, so that nothing wakes the game.
-void ask_yes_no(std::string_view testo, void (*sì)())
+void ask_yes_no(std::string_view testo, void (*yes)())
 {
-    after_yes = sì;
+    after_yes = yes;
     ++eventi_aperti;
     page_box(true, testo.data(), testo.size());
 }
