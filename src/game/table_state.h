@@ -51,7 +51,7 @@ using Punti = Numero<Integer, -32768, 32767>;
 struct Smazzata {
     Serie<CartaMazzo, carte_mazzo> mazzo;            // the shuffled deck, from 1              game
     Serie<CartaMazzo, carte_mazzo> mazzo_tmp;        // source of a shuffle                    game
-    Serie<CartaMazzo, max_pozzo - 1> pozzo;          // the pile, oldest card first            game human computer
+    Serie<CartaMazzo, max_pozzo - 1> pozzo;          // the pile, oldest card first            game
     Tabella<CartaInMano, max_mano> mano;             // hand slots, from 1                     game human computer
     Serie<Numero<Byte, 0, max_mano>, 2> n_carte;     // cards in each hand                     game human computer
     Serie<Mappa, 2> mappa;                           // map of each hand; 1 only by the deal   game computer
@@ -86,7 +86,7 @@ struct Turno {
 
 // Cleared for every match.
 struct Partita {
-    Numero<Byte, 0, righe_gioco> n_game;             // row of this hand in the table of games game
+    Numero<Byte, 0, righe_gioco> n_game;             // row of this hand in that table         game
     Numero<Integer, 0, 32767> game_usciti;           // hands whose rows have left the table   game
     Tabella<Punti, righe_gioco> punti;               // points of the melds                    game scoring
     Serie<Punti, 2> totale;                          // running totals                         scoring
