@@ -6,7 +6,7 @@
 #include "computer/discard_decision.h"
 #include "computer/hand_reading.h"
 #include "computer/meld_decision.h"
-#include "computer/table_view.h"
+#include "computer/sight.h"
 #include "game/wait.h"
 #include "melds/table_melds.h"
 #include "window/window.h"

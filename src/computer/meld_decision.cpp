@@ -3,7 +3,7 @@
 
 #include "computer/computer_draw.h"
 #include "computer/hand_reading.h"
-#include "computer/table_view.h"
+#include "computer/sight.h"
 #include "melds/table_melds.h"
 
 namespace {
