@@ -8,7 +8,7 @@
 #include "computer/discard_decision.h"
 #include "computer/hand_reading.h"
 #include "computer/meld_decision.h"
-#include "computer/table_view.h"
+#include "computer/sight.h"
 #include "greedy_person.h"
 #include "melds/meld_validation.h"
 

@@ -20,7 +20,8 @@ bool is_there(fs::path const& p)
     return fs::exists(p, nessuno);
 }
 
-// A program called music or sounds in a folder of programs makes no portable folder of it.
+// Only a folder called music or sounds counts. A folder of programs may hold a program of that name, and does not
+// become a portable folder by it.
 bool portable(fs::path const& folder)
 {
     std::error_code nessuno;

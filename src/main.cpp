@@ -15,7 +15,9 @@
 
 namespace {
 
-// No file or connection of the program gets a number that messages are written to.
+// Whoever starts the program may have closed the standard streams. The next file to be opened, the connection to the
+// screen for instance, would then take the number of one of them, and messages would be written into it. So the
+// program opens them first.
 void keep_standard_streams()
 {
 #ifdef Q_OS_UNIX
@@ -26,7 +28,8 @@ void keep_standard_streams()
 #endif
 }
 
-// Where nothing can be shown the program ends with a sentence and a status; Qt would abort and leave a core.
+// Qt reports a missing display as a fatal message and aborts, which leaves a core file. The program prints the
+// message and ends with a status instead.
 void say(QtMsgType type, QMessageLogContext const& context, QString const& text)
 {
     std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));

@@ -3,6 +3,7 @@
 
 class MainWindow;
 
-// Opens the game's window: folders, the table, and a moment later the sound devices, to which the first
-// picture owes nothing. Found: an application.
+// Finds the folders and opens the game's window. The sound devices start a moment later, so that they do not delay
+// the first picture.
+// Found: an application.
 void start_game(MainWindow& window);

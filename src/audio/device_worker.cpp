@@ -15,8 +15,8 @@ namespace {
 constexpr std::chrono::seconds longest_stop{2};
 
 // What the game's thread, the worker and the player's thread share. The game's thread writes wishes, of which
-// the worker looks only at the latest: a flood of them costs one tune. Held by all of them, so that a worker
-// which hangs in a sound server at the program's end may be left behind.
+// the worker looks only at the latest: a flood of them costs one tune. All of them share the ownership: when the
+// program ends while the worker hangs in a sound server, the worker is left behind and still finds its desk.
 struct Desk {
     std::mutex mutex;
     std::condition_variable wake;
@@ -69,7 +69,8 @@ void work(std::shared_ptr<Desk> desk)
             player = std::exchange(desk->load, {})([d = desk.get()] { d->tell(); });
         if (!player) {
             lock.lock();
-            desk->failed_tune = number;
+            if (!tune.empty())
+                desk->failed_tune = number;
             continue;
         }
         for (auto const& sound : sounds)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "mixer.h"
+#include "audio/mixer.h"
 
 #include <algorithm>
 #include <malloc.h>
@@ -13,11 +13,11 @@ namespace {
 constexpr int pause_between_tunes = rate * 3 / 2;
 constexpr int fade = rate / 100;  // a tune is cut within 10 ms, so that the cut does not crack
 
-constexpr std::size_t samples(int frames) { return std::size_t(frames) * 2; }
+constexpr std::size_t samples(int frames) { return static_cast<std::size_t>(frames) * 2; }
 
 void write(fluid_synth_t* synth, std::span<std::int16_t> out)
 {
-    fluid_synth_write_s16(synth, int(out.size() / 2), out.data(), 0, 2, out.data(), 1, 2);
+    fluid_synth_write_s16(synth, static_cast<int>(out.size() / 2), out.data(), 0, 2, out.data(), 1, 2);
 }
 
 bool is_midi(std::span<std::byte const> file)
@@ -73,7 +73,7 @@ void Mixer::stop_tune()
     Samples rest(samples(fade));
     write(synth_.get(), rest);
     for (std::size_t i = 0; i < rest.size(); ++i)
-        rest[i] = std::int16_t(rest[i] * (fade - int(i / 2)) / fade);
+        rest[i] = static_cast<std::int16_t>(rest[i] * (fade - static_cast<int>(i / 2)) / fade);
     cut_ = {std::make_shared<Samples const>(std::move(rest)), 0};
     tune_.reset();
     fluid_synth_system_reset(synth_.get());
@@ -89,7 +89,7 @@ void Mixer::play_sound(std::shared_ptr<Samples const> sound)
 
 void Mixer::mix(std::span<std::int16_t> out)
 {
-    int const frames = int(out.size() / 2);
+    int const frames = static_cast<int>(out.size() / 2);
     std::fill(out.begin(), out.end(), std::int16_t{0});
     bool sounding = tune_ != nullptr;
     if (tune_)
@@ -100,7 +100,8 @@ void Mixer::mix(std::span<std::int16_t> out)
             return;
         std::size_t const n = std::min(out.size(), v.sound->size() - v.position);
         for (std::size_t i = 0; i < n; ++i)
-            out[i] = std::int16_t(std::clamp(out[i] + (*v.sound)[v.position + i], -32768, 32767));
+            out[i] =
+                static_cast<std::int16_t>(std::clamp(out[i] + (*v.sound)[v.position + i], -32768, 32767));
         v.position += n;
         sounding = true;
     };

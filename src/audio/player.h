@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What sounds: one tune and the card sounds. It stands in a library of its own that is loaded behind the
-// first picture, since the libraries below it would be felt at the start.
+// What sounds: one tune and the card sounds. The player is a library of its own, since loading the libraries that it
+// needs takes time: the game loads it after its first picture.
 #pragma once
 
 #include <filesystem>

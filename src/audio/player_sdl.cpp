@@ -130,7 +130,8 @@ class Output : public audio::Player {
         bool const was_silent = mixer_.silent();
         bool const had_ended = mixer_.tune_ended();
         bool const had_tune = mixer_.plays_tune();
-        mixer_.mix({reinterpret_cast<std::int16_t*>(out), std::size_t(bytes) / sizeof(std::int16_t)});
+        mixer_.mix(
+            {reinterpret_cast<std::int16_t*>(out), static_cast<std::size_t>(bytes) / sizeof(std::int16_t)});
         if (mixer_.silent() != was_silent || mixer_.tune_ended() != had_ended ||
             mixer_.plays_tune() != had_tune)
             tell_();

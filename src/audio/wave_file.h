@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "mixer.h"
+#include "audio/mixer.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -90,8 +90,8 @@ Task Scelta_Cartaro()
         suona();
         Apri_suono("carta");
         co_await message_box("Ripeti, prego");
-        // The human's card is the computer's next one: pos_scelta stays. Only the last card of the deck has
-        // none behind it.
+        // The human's card is the computer's next one, so pos_scelta stays. After the last card of the deck there is
+        // none left for the human, and the choice starts again with a new shuffle.
         if (t.pos_scelta == carte_mazzo) {
             Mescola();
             t.pos_scelta = 1;

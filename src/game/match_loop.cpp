@@ -33,8 +33,8 @@ Task gioca_smazzata()
     }
 }
 
-// The next row of the table of games. Behind the last row the oldest one leaves the table, and its hand goes
-// on counting in the totals.
+// Goes to the next row of the table of games. When all rows are used, the oldest one is dropped and the others move
+// up; the totals still count its hand.
 void prossima_riga()
 {
     auto& t = tavolo;

@@ -18,8 +18,8 @@ void mostra_su_stderr() { std::fprintf(stderr, "%s\n", mostra_tutto().c_str()); 
     return controllato;
 }();
 
-// From the choice of the dealer, whose ranks the set-up of the hand clears, to the end of the deal the cards
-// are not in their places.
+// The cards are in their places. They are not while the dealer is chosen, which shows in valore_scelta until the
+// next hand is set up, and while they are dealt.
 bool distribuite()
 {
     auto const& t = tavolo;

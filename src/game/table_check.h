@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A look at the whole table: does any card lack or stand there twice, are the counts and lists what they say?
+// A look at the whole table: is any card missing or there twice, are counts and lists right?
 #pragma once
 
 #include <string>

@@ -24,7 +24,7 @@ Single twips_y();
 // Points to grid units, downward. A point is 20 twips of the axis on which they are smaller: letters are not
 // stretched, and have room on a screen that stands upright too.
 Single points_to_grid(Single punti);
-// Points to device-independent pixels; fixed at activation, so that a resized window keeps its letters.
+// Points to device-independent pixels; fixed at activation, so that a window that grows keeps its letters.
 Single pixels_per_point();
 
 // Size of the client area in device-independent pixels, at least 1 by 1. The window tells it before

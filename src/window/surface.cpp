@@ -38,8 +38,8 @@ Box reach(Mark const& m)
     return b;
 }
 
-// Nothing of the older mark can be seen below the new one. The corners of a card are transparent: a picture
-// is sure to hide another one on the same place only.
+// Nothing of the older mark can be seen below the new one. The corners of a card are transparent, so a picture hides
+// another picture only if both have the same place and size.
 bool hides(Mark const& above, Mark const& below)
 {
     if (above.kind == Mark::Kind::fill)

@@ -13,8 +13,8 @@ constexpr Single bordo_testo = 4;  // free at the right edge of the table, grid 
 
 QColor qt_colour(Colore c) { return {c.rosso, c.verde, c.blu}; }
 
-// The family of that name or the one that stands for it. Asking Qt for one that is not there, or whether it
-// is, costs a search for the likest, which is felt at the start; the list of names does not.
+// The family of that name, or the one that stands for it. Asking Qt for a family that is not installed, or whether
+// one is, makes it search for the most similar one, which slows the start. Reading the list of names does not.
 QString installed_family(QString const& name)
 {
     static QStringList const installed = QFontDatabase::families();

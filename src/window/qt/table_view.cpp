@@ -78,7 +78,8 @@ void TableView::paintEvent(QPaintEvent* event)
 
     QPainter painter(this);
     painter.scale(1 / ratio(), 1 / ratio());
-    // Pictures fall on whole pixels. To ask for smooth ones then costs Qt's way for pictures that are turned.
+    // Pictures fall on whole pixels and need no smoothing. If it is asked for all the same, Qt takes the slow way
+    // that it has for rotated pictures.
     painter.setRenderHint(QPainter::SmoothPixmapTransform,
                           painter.deviceTransform().type() > QTransform::TxTranslate);
     if (pictures_ratio_ != ratio()) {

@@ -110,7 +110,7 @@ Task message_box(std::string_view testo)
     Question box(testo, w);
     box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
     box.exec();
-    wake_game();  // what came while the box was open woke nobody
+    wake_game();  // events that came while the box was open could not resume the game
 }
 
 void ask_yes_no(std::string_view testo, void (*if_yes)())
