@@ -172,6 +172,7 @@ std::string happens(std::string const& line)
         {"capitals", [&] { told = maiuscolo(bytes_of(rest)) + '\n'; }},
         {"check",
          [&] { told = leggi_tavolo(with_the_rest(rest)) ? "\"" + guasto_tavolo() + "\"\n" : "no table\n"; }},
+        {"mailbox", [&] { told = std::to_string(int{tavolo.azione}) + '\n'; }},
         {"look", [&] { told = mostra() + '\n'; }},
         {"menus", [&] { told = menus(); }},
         {"measures", [&] { told = measures(); }},

@@ -57,15 +57,6 @@ void nota(Device d, std::string const& che) { nota((d == Device::music ? "music 
 
 }  // namespace
 
-std::vector<std::string> annotate(std::string_view inizio)
-{
-    std::vector<std::string> righe;
-    for (auto const& riga : std::exchange(finestra.log, {}))
-        if (riga.starts_with(inizio))
-            righe.push_back(riga.substr(inizio.size()));
-    return righe;
-}
-
 // Comes once for each thing drawn. What has changed holds the newest mark, unless that was a fill of nothing.
 void repaint(Box const& box)
 {
@@ -83,7 +74,6 @@ Single text_height(Font const& font) { return points_to_grid(font.punti); }
 
 void start_timer(int millisecondi)
 {
-    finestra.last_wait = millisecondi;
     finestra.due = finestra.now + millisecondi;
     nota("wait " + std::to_string(millisecondi));
 }

@@ -18,7 +18,6 @@ struct SilentWindow {
     double now = 0;             // milliseconds since the clock began
     double day_began = 36000;   // time of day at 0, in seconds
     std::optional<double> due;  // the timer fires at that time
-    int last_wait = 0;          // milliseconds that the timer was last set to
     Pointer pointer = Pointer::arrow;
     bool answer_yes = false;               // to every question
     std::function<void()> in_box = [] {};  // what happens while a box is open
@@ -35,9 +34,6 @@ struct SilentWindow {
     std::vector<std::string> log;
 };
 extern SilentWindow finestra;
-
-// The lines of the log that begin so, without that beginning; the log is cleared.
-std::vector<std::string> annotate(std::string_view inizio);
 
 // A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
 // card as large as in the reference window. The game is Main(), not yet begun.
