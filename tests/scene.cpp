@@ -10,6 +10,7 @@
 #include "players/player_names.h"
 #include "players/windows_1252.h"
 #include "scoring/hand_scoring.h"
+#include "spoken/table_words.h"
 #include "window/help_pages.h"
 
 #include <algorithm>
@@ -126,6 +127,17 @@ void time(std::string const& how)
         scatta_timer();
 }
 
+// The table in words: lists further left, what clicks do behind each.
+std::string items()
+{
+    std::string text;
+    for (auto const& item : spoken::table_words())
+        text += (item.group == spoken::Place{} ? "    " : "      ") + item.name +
+                (item.selected ? ", scelta" : "") + (item.left ? " [left]" : "") +
+                (item.right ? " [right]" : "") + '\n';
+    return text;
+}
+
 // What happens, and what it tells of itself.
 std::string happens(std::string const& line)
 {
@@ -174,6 +186,8 @@ std::string happens(std::string const& line)
          [&] { told = leggi_tavolo(with_the_rest(rest)) ? "\"" + guasto_tavolo() + "\"\n" : "no table\n"; }},
         {"mailbox", [&] { told = std::to_string(int{tavolo.azione}) + '\n'; }},
         {"look", [&] { told = mostra() + '\n'; }},
+        {"speak", [&] { finestra.speaks = true; }},
+        {"items", [&] { told = items(); }},
         {"menus", [&] { told = menus(); }},
         {"measures", [&] { told = measures(); }},
         {"read", [&] { told = panel(whole(1)); }},
@@ -182,7 +196,7 @@ std::string happens(std::string const& line)
     if (what == all.end())
         return "nothing that can happen\n";
     evento(what->second);
-    runner.resume();
+    riprendi();
     if (!time_stands)
         fino_all_attesa();
     return told;

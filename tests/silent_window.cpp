@@ -8,12 +8,17 @@
 #include "human/pointer_input.h"
 #include "players/names_file.h"
 #include "players/windows_1252.h"
+#include "spoken/table_news.h"
 
 #include <cmath>
 #include <cstdio>
 #include <utility>
 
 SilentWindow finestra;
+
+namespace {
+spoken::News news;
+}
 
 namespace {
 
@@ -152,6 +157,7 @@ void avvia_programma(Pixels pixels)
 {
     runner.clear();
     finestra = {};
+    news = {};
     tavolo = {};
     superficie = {};
     load_menus();
@@ -163,6 +169,16 @@ void avvia_programma(Pixels pixels)
     Form_Activate();
 }
 
+void riprendi()
+{
+    if (finestra.speaks)
+        news.before();
+    runner.resume();
+    if (finestra.speaks)
+        for (auto const& sentence : news.after())
+            nota("say " + sentence);
+}
+
 bool scatta_timer()
 {
     if (!finestra.due)
@@ -170,13 +186,13 @@ bool scatta_timer()
     finestra.now = *finestra.due;
     finestra.due.reset();
     evento(Timer1_Timer);
-    runner.resume();
+    riprendi();
     return true;
 }
 
 void fino_all_attesa(std::function<void()> const& after_wait)
 {
-    runner.resume();
+    riprendi();
     do
         after_wait();
     while (runner.alive() && scatta_timer());
@@ -185,11 +201,11 @@ void fino_all_attesa(std::function<void()> const& after_wait)
 void clic(int tasto, Single x, Single y)
 {
     evento([=] { Form_MouseDown(tasto, 0, x, y); });
-    runner.resume();
+    riprendi();
 }
 
 void menu(Menu voce)
 {
     evento([=] { menu_click(voce); });
-    runner.resume();
+    riprendi();
 }

@@ -26,6 +26,7 @@ struct SilentWindow {
     bool tune_plays = true;                // the tune that was begun last can be heard
     int beeps = 0;
     bool ended = false;
+    bool speaks = false;  // what has happened is told in sentences too, "say ..."
 
     // What reached the person: marks as they are drawn ("picture 10H 66,645", "text "..." 880,364 ..."),
     // clears, "effects open carta", "wait 390", "pointer hourglass", "menu Continua off", controls, "box
@@ -38,6 +39,9 @@ extern SilentWindow finestra;
 // A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
 // card as large as in the reference window. The game is Main(), not yet begun.
 void avvia_programma(Pixels pixels = {1024, 779});
+
+// The game goes on, to its next wait.
+void riprendi();
 
 // Lets the game go on until it waits for somebody, the virtual clock running through every timed wait.
 // after_wait is called at each wait, before the timer fires.
