@@ -9,6 +9,7 @@ TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
 {
     avvia_programma();
     Surface s;
+    EXPECT_EQ(s.font(), (Font{"MS Sans Serif", 7.8F}));
     s.font_size(8);
     Single const high = text_height(s.font());
     s.print_at(880, 364);
@@ -27,4 +28,14 @@ TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
     EXPECT_TRUE(s.marks().empty());
     EXPECT_FLOAT_EQ(s.current_y(), 364 + 2 * high);
     EXPECT_EQ(s.font().punti, 8);
+
+    s.print("once");
+    s.print_at(0, s.current_y());
+    s.text_colour(colori::giallo);
+    s.print("once");
+    EXPECT_EQ(s.marks().size(), 1U) << "the same words in another colour";
+    s.print_at(0, s.current_y());
+    s.font_size(9);
+    s.print("once");
+    EXPECT_EQ(s.marks().size(), 2U) << "but not in another size";
 }
