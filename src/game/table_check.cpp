@@ -9,12 +9,10 @@
 
 namespace {
 
-void mostra_su_stderr() { std::fprintf(stderr, "%s\n", mostra_tutto().c_str()); }
-
 // A number out of its bounds shows the table too.
 [[maybe_unused]] bool const agganciato = [] {
     if constexpr (controllato)
-        prima_di_fermare = mostra_su_stderr;
+        prima_di_fermare = [] { std::fprintf(stderr, "%s\n", mostra_tutto().c_str()); };
     return controllato;
 }();
 
@@ -145,7 +143,7 @@ void controlla_tavolo()
     if constexpr (controllato)
         if (auto const guasto = guasto_tavolo(); !guasto.empty()) {
             std::fprintf(stderr, "%s\n", guasto.c_str());
-            mostra_su_stderr();
+            prima_di_fermare();
             std::abort();
         }
 }

@@ -38,6 +38,7 @@ FROM_PAGE(end) void page_end();
 FROM_PAGE(wake) void page_wake();
 // Device 0 the music, 1 the effects; command 0 file, 1 open, 2 close, 3 play, 4 rewind.
 FROM_PAGE(device) void page_device(int device, int command, char const* name, unsigned long length);
+FROM_PAGE(device_plays) int page_device_plays(int device);
 FROM_PAGE(names) unsigned long page_names(char* bytes, unsigned long room);  // how many there are now
 FROM_PAGE(keep_names) void page_keep_names(char const* bytes, unsigned long length);
 }

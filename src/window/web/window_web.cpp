@@ -204,6 +204,7 @@ void device_file(Device d, std::string_view name) { command(d, 0, name); }
 void device_open(Device d) { command(d, 1); }
 void device_close(Device d) { command(d, 2); }
 void device_play(Device d) { command(d, 3); }
+bool device_plays(Device d) { return page_device_plays(static_cast<int>(d)) != 0; }
 void device_rewind(Device d) { command(d, 4); }
 
 std::string kept_names()

@@ -100,6 +100,7 @@ async function start() {
     },
     wake: () => queueMicrotask(() => game.exports.resume()),
     device: (device, command, name) => sound.command(device, command, name),
+    device_plays: (device) => sound.plays(device),
     names: () => names.read(),
     keep_names: (bytes) => names.keep(bytes),
   };

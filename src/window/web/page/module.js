@@ -19,6 +19,7 @@
  * @property {() => void} end
  * @property {() => void} wake
  * @property {(device: number, command: number, name: string) => void} device
+ * @property {(device: number) => boolean} device_plays
  * @property {() => string} names a character for each byte
  * @property {(bytes: string) => void} keep_names
  */
@@ -133,6 +134,7 @@ export class Game {
       end: () => page.end(),
       wake: () => page.wake(),
       device: (device, command, at, length) => page.device(device, command, text(at, length)),
+      device_plays: (device) => Number(page.device_plays(device)),
       names: (at, room) => {
         const kept = page.names().slice(0, room);
         bytes(at, kept.length).set(Array.from(kept, (letter) => letter.charCodeAt(0)));

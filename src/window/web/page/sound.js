@@ -32,6 +32,8 @@ export class Sound {
     this.tuneNumber = 0;
     /** @private @type {string | null} */
     this.due = null;
+    /** @private the tune that was begun last has turned out not to play */
+    this.failed = false;
     for (const event of ["pointerdown", "pointerup", "keydown"])
       addEventListener(event, () => this.unlock(), { capture: true, passive: true });
   }
@@ -52,6 +54,11 @@ export class Sound {
         break;
       case 4: d.atStart = true; break;
     }
+  }
+
+  /** False once it is known that what was begun last can't be heard. @param {number} device */
+  plays(device) {
+    return device !== 0 || !this.failed;
   }
 
   beep() {
@@ -116,6 +123,7 @@ export class Sound {
 
   /** @param {string} name @private */
   async play(name) {
+    this.failed = false;
     if (this.tune?.title === name && this.due === null) {
       this.tune.currentTime = 0; // the same again
       void this.tune.play().catch(() => {});
@@ -128,9 +136,9 @@ export class Sound {
     const number = this.tuneNumber;
     try {
       const file = await fetch(`music/${encodeURIComponent(name)}.mp3`);
-      if (!file.ok) return;
       const bytes = await file.blob();
       if (number !== this.tuneNumber) return;
+      if (!file.ok) throw new Error(`${name}: ${file.status}`);
       const tune = new Audio(URL.createObjectURL(new Blob([bytes], { type: "audio/mpeg" })));
       tune.title = name;
       tune.addEventListener("ended", () => number === this.tuneNumber && this.done());
@@ -138,10 +146,10 @@ export class Sound {
       await tune.play();
     } catch (error) {
       // Refused after all: the next click tries again.
-      if (error instanceof DOMException && error.name === "NotAllowedError" && number === this.tuneNumber) {
-        this.stop();
-        this.due = name;
-      }
+      if (number !== this.tuneNumber) return;
+      this.stop();
+      if (error instanceof DOMException && error.name === "NotAllowedError") this.due = name;
+      else this.failed = true;
     }
   }
 }
