@@ -159,6 +159,8 @@ class Evening {
 
     void hash_log()
     {
+        if (script)
+            *script << "look\n";
         for (auto const& line : finestra.log)
             fold(played_->shown, line + '\n');
         fold(played_->shown, std::to_string(superficie.marks().size()));
@@ -259,20 +261,15 @@ class Evening {
         case 3: return menu(random(2) ? Menu::menu_card_rustle_no : Menu::menu_card_rustle_yes);
         case 4: return menu(std::array{Menu::istruzioni, Menu::menu_about, Menu::menu_help}[random_() % 3]);
         case 5: return menu(Menu::esci);
-        case 6: return evento([] { MMC1_Done(1); });
-        case 7: return evento([this] { Form_MouseMove(0, 0, 400, random(2) ? 520.0F : 20.0F); });
-        case 8:
-            return evento([this] {
-                client_size({1024, 700 + random(100)});
-                Form_Resize();
-            });
+        case 6: return brano_finito(1);
+        case 7: return muovi(400, random(2) ? 520.0F : 20.0F);
+        case 8: return misura({1024, 700 + random(100)});
         default: break;
         }
         menu(Menu::personalize_players);
         if (tavolo.azione != 7)
             return;
-        set_text(TxtPlayer(1), random(2) ? "anna" : "");
-        TxtPlayer_Change(1);
+        scrivi(1, random(2) ? "anna" : "");
         if (random(2))
             clic(1, 100, 120);
     }
@@ -313,10 +310,11 @@ PlayedHands gioca_partite(int matches, std::uint32_t seed, std::function<void()>
     PlayedHands played;
     auto const begin = [&] {
         auto const now = seed + static_cast<std::uint32_t>(played.abandoned);
-        avvia_programma();
-        finestra.day_began = now % 86400U;
+        avvia_programma({1024, 779}, now % 86400U);
         return Evening(now, played, restless);
     };
+    if (script)
+        *script << "series\n";
     auto evening = begin();
     while (played.matches + played.abandoned < matches) {
         fino_all_attesa([&] { evening.look(), at_each_wait(); });

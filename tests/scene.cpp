@@ -165,15 +165,15 @@ std::string happens(std::string const& line)
                              : word(1) == "right" ? 2
                                                   : 4,
                              real(2), real(3)); }},
-        {"move", [&] { Form_MouseMove(0, 0, real(1), real(2)); }},
+        {"move", [&] { muovi(real(1), real(2)); }},
         {"menu", [&] { menu(std::ranges::find(menu_tree(), rest, &MenuEntry::caption)->voce); }},
         {"panel", [&] { panel_clicks[whole(1) - 1](); }},
-        {"type", [&] { set_text(TxtPlayer(whole(1)), word(2)), TxtPlayer_Change(whole(1)), told = names(); }},
+        {"type", [&] { scrivi(whole(1), word(2)), told = names(); }},
         {"resize",
          [&] {
-             client_size({whole(1), whole(2)}), Form_Resize();
+             misura({whole(1), whole(2)});
          }},
-        {"tune", [&] { rest == "fails" ? void(finestra.tune_plays = false) : MMC1_Done(whole(1)); }},
+        {"tune", [&] { rest == "fails" ? void(finestra.tune_plays = false) : brano_finito(whole(1)); }},
         {"answer", [&] { finestra.answer_yes = rest == "yes"; }},
         {"close", [&] { Form_QueryUnload(); }},
         {"time", [&] { time(rest); }},

@@ -2,25 +2,38 @@
 #include "silent_window.h"
 
 #include "audio/device.h"
+#include "audio/sound_music.h"
 #include "game/table_state.h"
 #include "game/table_text.h"
 #include "game/wait.h"
 #include "human/pointer_input.h"
 #include "players/names_file.h"
+#include "players/player_names.h"
 #include "players/windows_1252.h"
 #include "spoken/table_news.h"
 
 #include <cmath>
 #include <cstdio>
+#include <limits>
+#include <ostream>
 #include <utility>
 
 SilentWindow finestra;
 
 namespace {
-spoken::News news;
-}
 
-namespace {
+spoken::News news;
+
+template <class... Words>
+void write_down(Words const&... words)
+{
+    if (!script)
+        return;
+    script->precision(std::numeric_limits<Single>::max_digits10);
+    char const* between = "";
+    ((*script << std::exchange(between, " ") << words), ...);
+    *script << '\n';
+}
 
 constexpr Box tutto{0, 0, griglia_x, griglia_y};
 
@@ -153,13 +166,15 @@ void keep_names(std::string_view byte)
     nota("keep names " + da_windows_1252(byte));  // a "?" for each end of a line
 }
 
-void avvia_programma(Pixels pixels)
+void avvia_programma(Pixels pixels, double day_began)
 {
     runner.clear();
     finestra = {};
+    finestra.day_began = day_began;
     news = {};
     tavolo = {};
     superficie = {};
+    write_down("open", pixels.width, pixels.height, day_began);
     load_menus();
     for (auto const& entry : menu_tree())
         show_menu_entry(entry.voce);
@@ -183,6 +198,7 @@ bool scatta_timer()
 {
     if (!finestra.due)
         return false;
+    write_down("timer");
     finestra.now = *finestra.due;
     finestra.due.reset();
     evento(Timer1_Timer);
@@ -200,12 +216,42 @@ void fino_all_attesa(std::function<void()> const& after_wait)
 
 void clic(int tasto, Single x, Single y)
 {
+    write_down("click", tasto, x, y);
     evento([=] { Form_MouseDown(tasto, 0, x, y); });
     riprendi();
 }
 
 void menu(Menu voce)
 {
+    write_down("menu", static_cast<int>(voce));
     evento([=] { menu_click(voce); });
     riprendi();
+}
+
+void muovi(Single x, Single y)
+{
+    write_down("move", x, y);
+    evento([=] { Form_MouseMove(0, 0, x, y); });
+}
+
+void brano_finito(int codice)
+{
+    write_down("tune", codice);
+    evento([=] { MMC1_Done(codice); });
+}
+
+void misura(Pixels pixels)
+{
+    write_down("resize", pixels.width, pixels.height);
+    client_size(pixels);
+    evento(Form_Resize);
+}
+
+void scrivi(int campo, std::string_view testo)
+{
+    write_down("type", campo, testo);
+    evento([=] {
+        set_text(TxtPlayer(campo), testo);
+        TxtPlayer_Change(campo);
+    });
 }

@@ -10,13 +10,14 @@
 #include "window/window.h"
 
 #include <functional>
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
 
 struct SilentWindow {
     double now = 0;             // milliseconds since the clock began
-    double day_began = 36000;   // time of day at 0, in seconds
+    double day_began = 0;       // time of day at 0, in seconds
     std::optional<double> due;  // the timer fires at that time
     Pointer pointer = Pointer::arrow;
     bool answer_yes = false;               // to every question
@@ -36,9 +37,13 @@ struct SilentWindow {
 };
 extern SilentWindow finestra;
 
+// Where all that is done to the window is written down, a line each, so that another window can play it again:
+// "open 1024 779 36000", "click 1 512 384", "timer". What this window logs in between is what that one must show.
+inline std::ostream* script = nullptr;
+
 // A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
 // card as large as in the reference window. The game is Main(), not yet begun.
-void avvia_programma(Pixels pixels = {1024, 779});
+void avvia_programma(Pixels pixels = {1024, 779}, double day_began = 36000);
 
 // The game goes on, to its next wait.
 void riprendi();
@@ -53,3 +58,9 @@ bool scatta_timer();
 // One event of the mouse or menu, and the game goes on to its next wait, timed or not.
 void clic(int tasto, Single x, Single y);
 void menu(Menu voce);
+
+// One event; the game does not go on yet.
+void muovi(Single x, Single y);
+void brano_finito(int codice);
+void misura(Pixels pixels);
+void scrivi(int campo, std::string_view testo);

@@ -47,6 +47,9 @@ void give(std::string_view text) { page_text(text.data(), text.size()); }
 
 FOR_PAGE(load) void load(int width, int height)
 {
+    load_menus();
+    for (auto const& e : menu_tree())
+        show_menu_entry(e.voce);
     client_size({width, height});
     evento([] {
         Form_Load();
@@ -68,15 +71,16 @@ FOR_PAGE(resume) void resume()
         runner.resume();
 }
 
-// The whole surface, bottom first; the newest mark alone, if there is one. Given mark by mark.
+// The whole surface, bottom first, mark by mark; the newest mark alone, if all of it lies in that box.
 FOR_PAGE(marks) void marks()
 {
     std::ranges::for_each(superficie.marks(), [](Mark const& m) { give(m); });
 }
-FOR_PAGE(newest_mark) void newest_mark()
+FOR_PAGE(newest_mark) void newest_mark(float x1, float y1, float x2, float y2)
 {
-    if (!superficie.marks().empty())
-        give(superficie.marks().back());
+    auto const& all = superficie.marks();
+    if (!all.empty() && Box{x1, y1, x2, y2}.contains(all.back().reach))
+        give(all.back());
 }
 
 // The entries, in menu order, each with its caption.

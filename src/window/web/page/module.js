@@ -36,7 +36,7 @@
  * @property {(width: number, height: number) => void} resize
  * @property {() => void} resume
  * @property {() => void} marks
- * @property {() => void} newest_mark
+ * @property {(x1: number, y1: number, x2: number, y2: number) => void} newest_mark
  * @property {() => void} menu_captions
  * @property {(panel: number) => void} panel_words
  * @property {() => void} table_words
