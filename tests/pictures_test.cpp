@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A handful of tables as pictures, compared with those in tests/pictures. scripts/scenes draws them anew.
+// A handful of tables as pictures, compared with those in tests/pictures. scripts/scenes draws them anew. The panels of
+// text are not among them, since every version of Qt has its own space between two lines.
 #include "real_window.h"
 
 #include "at_the_table.h"
 #include "game/piles.h"
 #include "game/table_state.h"
 #include "scoring/hand_scoring.h"
-#include "window/help_pages.h"
 #include "window/qt/main_window.h"
 #include "window/qt/table_view.h"
 
@@ -66,9 +66,6 @@ std::vector<Scene> const scenes = {
     {"middle", {common, large, huge}, [](Pixels s) { in_scena(s, a_meta_mano); }},
     {"row", {common, large}, [](Pixels s) { in_scena(s, row); }},
     {"games", {common, large, huge}, games},
-    {"rules", {common, large}, [](Pixels s) { in_scena(s, a_meta_mano), istruzioni_Click(); }},
-    {"help", {common, large}, [](Pixels s) { in_scena(s, a_meta_mano), menu_help_Click(); }},
-    {"about", {common}, [](Pixels s) { in_scena(s, a_meta_mano), menu_about_Click(); }},
     {"names",
      {common, large},
      [](Pixels s) {
@@ -77,19 +74,44 @@ std::vector<Scene> const scenes = {
      }},
 };
 
-// Share of pixels that differ by more than a shade. Both of one size, 32 bits a pixel.
-double difference(QImage const& a, QImage const& b)
+// What another version of Qt draws differently are single pixels at the edges of letters: two that hang together
+// between 6.4 and 6.8. The stroke of a letter in another colour has more than twelve.
+constexpr int shade = 64, letter_edge = 8;
+
+// Pixels that hang together and differ by more than a shade.
+struct Patch {
+    int pixels = 0;
+    QRect box;
+};
+
+bool differ(QRgb a, QRgb b)
 {
-    int differ = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        auto const* p = reinterpret_cast<QRgb const*>(a.constScanLine(y));
-        auto const* q = reinterpret_cast<QRgb const*>(b.constScanLine(y));
-        for (int x = 0; x < a.width(); ++x)
-            differ += std::abs(qRed(p[x]) - qRed(q[x])) + std::abs(qGreen(p[x]) - qGreen(q[x])) +
-                          std::abs(qBlue(p[x]) - qBlue(q[x])) >
-                      48;
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b))}) > shade;
+}
+
+// The largest of them, of two pictures of one size.
+Patch difference(QImage const& kept, QImage now)
+{
+    Patch largest;
+    for (int k = 0; k < now.width() * now.height(); ++k) {
+        Patch patch;
+        std::vector<QPoint> reached{{k % now.width(), k / now.width()}};
+        while (!reached.empty()) {
+            QPoint const at = reached.back();
+            reached.pop_back();
+            if (!now.rect().contains(at) || !differ(kept.pixel(at), now.pixel(at)))
+                continue;
+            now.setPixel(at, kept.pixel(at));
+            ++patch.pixels;
+            patch.box |= QRect(at, QSize(1, 1));
+            for (int next = 0; next < 9; ++next)
+                reached.push_back(at + QPoint(next % 3 - 1, next / 3 - 1));
+        }
+        if (patch.pixels > largest.pixels)
+            largest = patch;
     }
-    return static_cast<double>(differ) / (a.width() * a.height());
+    return largest;
 }
 
 }  // namespace
@@ -110,6 +132,8 @@ TEST(Pictures, LookAsTheyDid)
             }
             QImage const kept = QImage(file).convertToFormat(QImage::Format_RGB32);
             ASSERT_EQ(kept.size(), now.size()) << file.toStdString();
-            EXPECT_LT(difference(kept, now), 0.002) << file.toStdString();
+            auto const [pixels, box] = difference(kept, now);
+            EXPECT_LE(pixels, letter_edge) << file.toStdString() << " at " << box.x() << ',' << box.y()
+                                           << ", " << box.width() << " by " << box.height();
         }
 }

@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
@@ -187,25 +188,47 @@ TEST(RealWindow, TheKeyboardIsEnoughForTheNamesAndLightsTheNextHand)
     partita->close();
 }
 
+// On a dark desktop too.
 TEST(RealWindow, PanelsShowTheirTextAndCloseOnAClick)
 {
+    struct Row {
+        Menu voce;
+        QString begins;
+        int characters;  // with the two that ended a line of old
+        int wide, pixels_high;
+        QRgb colour, rim;
+    };
     QPalette dark;
     dark.setColor(QPalette::Window, Qt::black);
     dark.setColor(QPalette::WindowText, Qt::white);
     QApplication::setPalette(dark);
     avvia_programma({1366, 700});
-    for (Menu const voce : {Menu::istruzioni, Menu::menu_help, Menu::menu_about}) {
+    for (auto const& [voce, begins, characters, wide, pixels_high, colour, rim] :
+         {Row{Menu::istruzioni, "Il gioco si fa", 2304, 487, 14, 0xffffffff, 0xffffffff},
+          {Menu::menu_help, "-Tasto sinistro del Mouse:", 612, 487, 14, 0xffffffff, 0xffffffff},
+          {Menu::menu_about, "SollevinoDue ver 3.3", 42, 257, 9, 0xffe0e0e0, 0xff000000}}) {
         menu(voce);
         auto* const panel = shown<QScrollArea>();
         ASSERT_NE(panel, nullptr);
+        auto const* const label = panel->findChild<QLabel*>();
+        EXPECT_TRUE(label->text().startsWith(begins));
+        EXPECT_EQ(label->text().size() + label->text().count('\n'), characters);
+        EXPECT_EQ(label->font().pixelSize(), pixels_high);
         EXPECT_EQ(panel->pos(), QPoint(0, 0));
+        EXPECT_EQ(panel->width(), wide);
         EXPECT_LE(panel->height(), real_window().table().height());
         bool const fits = panel->verticalScrollBar()->maximum() == 0;
         EXPECT_EQ(fits, voce != Menu::istruzioni) << "only the rules are taller than the table";
-        auto const text = panel->widget()->palette();
-        EXPECT_GT(
-            std::abs(text.color(QPalette::WindowText).lightness() - text.color(QPalette::Window).lightness()),
-            150);
+        QImage const picture = picture_of_table().copy(panel->geometry());
+        int plain = 0, black = 0;
+        for (int k = 0; k < picture.width() * picture.height(); ++k) {
+            QRgb const pixel = picture.pixel(k % picture.width(), k / picture.width());
+            plain += pixel == colour;
+            black += qGray(pixel) < 64;
+        }
+        EXPECT_EQ(picture.pixel(0, 0), rim);
+        EXPECT_GT(plain, picture.width() * picture.height() * 2 / 3);
+        EXPECT_GT(black, characters / 2);
         if (!fits) {
             QTest::mouseClick(panel->verticalScrollBar(), Qt::LeftButton);
             EXPECT_TRUE(panel->isVisible()) << "the scroll bar does not close it";

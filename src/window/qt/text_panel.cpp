@@ -17,6 +17,9 @@ TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()
     for (auto role : {QPalette::WindowText, QPalette::Text})
         colours.setColor(role, look.text);
     label_->setPalette(colours);
+    QPalette frame = palette();
+    frame.setColor(QPalette::WindowText, look.text);
+    setPalette(frame);
     label_->setAutoFillBackground(true);
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(true);
