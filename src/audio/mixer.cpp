@@ -37,7 +37,7 @@ void Mixer::load_font(std::span<char const* const> fonts)
     settings_.reset(new_fluid_settings());
     fluid_settings_setnum(settings_.get(), "synth.sample-rate", rate);
     fluid_settings_setnum(settings_.get(), "synth.gain", 1.0);
-    fluid_settings_setint(settings_.get(), "synth.polyphony", 96);  // the fullest tune takes 74
+    fluid_settings_setint(settings_.get(), "synth.polyphony", 96);  // the fullest tune takes 87
     fluid_settings_setint(settings_.get(), "synth.dynamic-sample-loading", 1);
     fluid_settings_setint(settings_.get(), "synth.threadsafe-api", 0);
     synth_.reset(new_fluid_synth(settings_.get()));
