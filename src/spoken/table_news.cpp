@@ -53,8 +53,8 @@ std::string chi(int p, std::string_view tu, std::string_view egli)
 
 void taglio(Snapshot const& prima, Snapshot const& ora, Sentences& news)
 {
-    if (!prima.choosing || prima.turn == ora.turn)
-        return;
+    if (!prima.choosing || (ora.choosing && prima.turn == ora.turn))
+        return;  // the player who begins the hand may be the one who cut last
     if (prima.turn == computer)
         news.push_back("il computer taglia: " + carta_detta(tavolo.mazzo(prima.cut_entry)));
     else
