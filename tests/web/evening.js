@@ -80,6 +80,7 @@ class Record {
       time_of_day: () => Math.fround((this.day + this.now / 1000) % 86400),
       end: () => say("end"),
       wake: () => {},
+      say: () => {},
       device: (device, command, what) => {
         const who = device === 0 ? "music" : "effects";
         if (command === 0) this[who] = what;

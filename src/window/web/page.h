@@ -23,6 +23,12 @@ FROM_PAGE(mark) void page_mark(int kind, float x1, float y1, float x2, float y2,
 FROM_PAGE(mark_text)
 void page_mark_text(float x1, float y1, int rgb, char const* text, unsigned long length, char const* font,
                     unsigned long font_length, float points);
+// An item of table_words.h.
+FROM_PAGE(thing)
+void page_thing(int kind, int index, int role, int left, int right, int selectable, int selected,
+                int group_kind, int group_index, float x1, float y1, float x2, float y2, char const* name,
+                unsigned long length);
+FROM_PAGE(say) void page_say(char const* sentence, unsigned long length);
 FROM_PAGE(timer) void page_timer(int milliseconds);
 FROM_PAGE(pointer) void page_pointer(int shape);
 FROM_PAGE(entry) void page_entry(int entry, int enabled, int checked);

@@ -10,6 +10,7 @@
 #include "human/pointer_input.h"
 #include "players/names_file.h"
 #include "players/player_names.h"
+#include "spoken/table_news.h"
 #include "window/help_pages.h"
 #include "window/lifecycle.h"
 #include "window/menu_clicks.h"
@@ -26,6 +27,7 @@ constexpr std::size_t longest_file = 65536;  // bytes of the names that are look
 std::array<char, 256> letters;  // a text that the page hands in
 void (*after_yes)() = nullptr;  // the question that is open
 bool message_is_open = false;
+spoken::News news;
 
 int rgb(Colore c) { return c.rosso << 16 | c.verde << 8 | c.blu; }
 
@@ -64,11 +66,15 @@ FOR_PAGE(resize) void resize(int width, int height)
     evento(Form_Resize);
 }
 
-// The game goes on, if nothing is open above it.
+// The game goes on, if nothing is open above it, and what has happened is said.
 FOR_PAGE(resume) void resume()
 {
-    if (eventi_aperti == 0)
-        runner.resume();
+    if (eventi_aperti > 0)
+        return;
+    news.before();
+    runner.resume();
+    for (auto const& sentence : news.after())
+        page_say(sentence.data(), sentence.size());
 }
 
 // The whole surface, bottom first, mark by mark; the newest mark alone, if all of it lies in that box.
@@ -81,6 +87,16 @@ FOR_PAGE(newest_mark) void newest_mark(float x1, float y1, float x2, float y2)
     auto const& all = superficie.marks();
     if (!all.empty() && Box{x1, y1, x2, y2}.contains(all.back().reach))
         give(all.back());
+}
+
+// The table in words, thing by thing.
+FOR_PAGE(things) void things()
+{
+    for (auto const& [place, role, name, box, left, right, selectable, selected, group] :
+         spoken::table_words())
+        page_thing(static_cast<int>(place.kind), place.index, static_cast<int>(role), left, right, selectable,
+                   selected, static_cast<int>(group.kind), group.index, box.x1, box.y1, box.x2, box.y2,
+                   name.data(), name.size());
 }
 
 // The entries, in menu order, each with its caption.

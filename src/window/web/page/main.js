@@ -7,8 +7,9 @@ import { Menus } from "./menus.js";
 import { Game } from "./module.js";
 import { Sound } from "./sound.js";
 import { Table, fonts, grid } from "./table.js";
+import { Things } from "./things.js";
 
-const holdTime = 500; // milliseconds, of a finger: the right button
+const holdTime = 800; // milliseconds, of a finger, where the browser has no time of its own: the right button
 const stillDistance = 10; // pixels; a finger that goes further means nothing
 const namesKey = "Players";
 const backs = [53, 54];
@@ -98,21 +99,33 @@ async function start() {
       clearTimeout(timer);
       farewell();
     },
-    wake: () => queueMicrotask(() => game.exports.resume()),
+    wake: () => {
+      if (!awake) queueMicrotask(goOn);
+      awake = true;
+    },
+    say: (sentence) => things.say(sentence),
     device: (device, command, name) => sound.command(device, command, name),
     device_plays: (device) => sound.plays(device),
     names: () => names.read(),
     keep_names: (bytes) => names.keep(bytes),
   };
 
+  let awake = false;
+  const goOn = () => {
+    awake = false;
+    game.exports.resume();
+    things.update();
+  };
+
   const game = await Game.start(bytes, page);
+  const things = new Things(element("things"), element("news"), game);
   await table.pictures.prepare(backs);
   table.game = game;
   menus = new Menus(element("bar"), game.menu(), (entry) => game.exports.menu_pick(entry));
   table.measure();
   element("word").remove();
   game.exports.load(table.size.width, table.size.height);
-  game.exports.resume();
+  goOn();
   table.paint();
   performance.mark("table");
 
@@ -140,16 +153,17 @@ function listen(canvas, table, game) {
     clearTimeout(finger?.timer);
     finger = null;
   };
+  const hold = () => {
+    const place = finger?.place;
+    lift();
+    if (place) game.exports.mouse_down(2, ...place);
+  };
 
   canvas.addEventListener("pointerdown", (event) => {
     const place = at(event);
     if (document.activeElement instanceof HTMLElement) document.activeElement.blur();
     if (event.pointerType !== "touch") return game.exports.mouse_down(numbers[event.button] ?? 0, ...place);
     if (finger || !event.isPrimary) return lift();
-    const hold = () => {
-      lift();
-      game.exports.mouse_down(2, ...place);
-    };
     finger = { id: event.pointerId, x: event.clientX, y: event.clientY, place, timer: setTimeout(hold, holdTime) };
   });
   canvas.addEventListener("pointermove", (event) => {
@@ -167,6 +181,7 @@ function listen(canvas, table, game) {
     game.exports.mouse_down(1, ...place);
   });
   canvas.addEventListener("pointercancel", lift);
+  canvas.addEventListener("contextmenu", hold); // the browser's own time for a finger; a mouse has none down
   document.addEventListener("contextmenu", (event) => {
     if (!(event.target instanceof HTMLInputElement)) event.preventDefault();
   });
@@ -192,6 +207,7 @@ function farewell() {
   element("table").append(dark);
   element("bar").remove();
   element("controls").replaceChildren();
+  element("things").replaceChildren();
   say("Arrivederci!", "Gioca ancora").focus();
 }
 

@@ -9,6 +9,7 @@
  * @property {(text: string, font: string, points: number, height: number) => number} text_width in grid units
  * @property {(kind: number, x1: number, y1: number, x2: number, y2: number, rgb: number, picture: number) => void} mark
  * @property {(x1: number, y1: number, rgb: number, text: string, font: string, points: number) => void} mark_text
+ * @property {(sentence: string) => void} say what has happened
  * @property {(milliseconds: number) => void} timer
  * @property {(shape: number) => void} pointer
  * @property {(entry: number, enabled: boolean, checked: boolean) => void} entry
@@ -28,6 +29,21 @@
 /** @typedef {{id: number, level: number, checkable: boolean, caption: string}} Entry */
 
 /**
+ * A thing on the table, as table_words.h tells it. The key stays the same whatever lies there; group is the key of its
+ * list, or "".
+ * @typedef {object} Thing
+ * @property {string} key
+ * @property {number} role 0 label, 1 button, 2 list, 3 item
+ * @property {boolean} left
+ * @property {boolean} right
+ * @property {boolean} selectable
+ * @property {boolean} selected
+ * @property {string} group
+ * @property {[number, number, number, number]} box
+ * @property {string} name
+ */
+
+/**
  * What the page may call; see window_web.cpp.
  * @typedef {object} Exports
  * @property {WebAssembly.Memory} memory
@@ -37,6 +53,7 @@
  * @property {() => void} resume
  * @property {() => void} marks
  * @property {(x1: number, y1: number, x2: number, y2: number) => void} newest_mark
+ * @property {() => void} things
  * @property {() => void} menu_captions
  * @property {(panel: number) => void} panel_words
  * @property {() => void} table_words
@@ -77,6 +94,15 @@ export class Game {
     this.answer = "";
     /** @private @type {Entry[]} */
     this.captions = [];
+    /** @private @type {Thing[]} */
+    this.seen = [];
+  }
+
+  /** All that lies on the table, in reading order, a list in front of its items. */
+  things() {
+    this.seen = [];
+    this.exports.things();
+    return this.seen;
   }
 
   /** The menu in order, its first level the bar. */
@@ -121,6 +147,13 @@ export class Game {
       mark: (kind, x1, y1, x2, y2, rgb, picture) => page.mark(kind, x1, y1, x2, y2, rgb, picture),
       mark_text: (x1, y1, rgb, at, length, font, fontLength, points) =>
         page.mark_text(x1, y1, rgb, text(at, length), text(font, fontLength), points),
+      thing: (kind, index, role, left, right, selectable, selected, groupKind, group, x1, y1, x2, y2, at, length) =>
+        void this.seen.push({
+          key: `${kind} ${index}`, role, left: left !== 0, right: right !== 0, selectable: selectable !== 0,
+          selected: selected !== 0, group: groupKind === 0 ? "" : `${groupKind} ${group}`, box: [x1, y1, x2, y2],
+          name: text(at, length),
+        }),
+      say: (at, length) => page.say(text(at, length)),
       timer: (milliseconds) => page.timer(milliseconds),
       pointer: (shape) => page.pointer(shape),
       entry: (entry, enabled, checked) => page.entry(entry, enabled !== 0, checked !== 0),
