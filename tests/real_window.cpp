@@ -16,6 +16,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QTest>
@@ -66,7 +67,7 @@ void settle()
     while (window->busy());
 }
 
-void avvia_programma(Pixels pixels)
+void avvia_programma(Pixels pixels, double /*day_began*/)
 {
     window.reset();
     runner.clear();
@@ -108,4 +109,24 @@ void menu(Menu voce)
 {
     window->entry(voce).trigger();
     settle();
+}
+
+void muovi(Single x, Single y) { QTest::mouseMove(&window->table(), on_table(x, y)); }
+
+void brano_finito(int codice)
+{
+    evento([=] { MMC1_Done(codice); });
+}
+
+void misura(Pixels pixels) { window->resize(pixels.width, pixels.height); }
+
+void scrivi(int campo, std::string_view testo)
+{
+    for (auto* const field : window->table().findChildren<QLineEdit*>()) {
+        if ((field->y() > on_table(0, 40).y()) != (campo == 2))
+            continue;
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Delete);
+        QTest::keyClicks(field, QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size())));
+    }
 }

@@ -56,11 +56,12 @@ TEST(RealWindow, PlaysWholeMatchesWithRealClicks)
 {
     char const* const how_many = std::getenv("SOLLEVINO_MATCHES");
     int const matches = how_many ? std::atoi(how_many) : 1;
-    auto const played = gioca_partite(matches, 5, [] {
+    auto const look = [] {
         ASSERT_EQ(guasto_tavolo(), "") << mostra_tutto();
         for (auto const& entry : menu_tree())
             ASSERT_EQ(real_window().entry(entry.voce).isEnabled(), enabled(entry.voce)) << entry.caption;
-    });
+    };
+    auto const played = gioca_partite(matches, 5, look);
     EXPECT_EQ(played.matches + played.abandoned, matches);
     auto played_moves = played.moves;
     EXPECT_GT(played_moves["person discards"], 50);
