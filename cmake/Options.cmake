@@ -13,9 +13,6 @@ endif()
 if(SOLLEVINO_CHECKED)
   target_compile_definitions(sollevinodue_options INTERFACE SOLLEVINO_CHECKED _GLIBCXX_ASSERTIONS)
 endif()
-if(SOLLEVINO_FUZZ)
-  target_compile_options(sollevinodue_options INTERFACE -fsanitize=fuzzer-no-link)
-endif()
 if(SOLLEVINO_SANITIZE)
   target_compile_options(sollevinodue_options INTERFACE
     -fsanitize=${SOLLEVINO_SANITIZE} -fno-sanitize-recover=undefined -fno-omit-frame-pointer
