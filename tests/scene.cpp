@@ -92,8 +92,9 @@ std::string menus()
 {
     std::string text;
     for (auto const& [entry, level, checkable, caption] : menu_tree())
-        text += std::string(std::size_t{4} * level, ' ') + std::string(caption) + (enabled(entry) ? "" : " off") +
-                (checkable ? checked(entry) ? " (checked)" : " ()" : "") + '\n';
+        text += std::string(std::size_t{4} * level, ' ') + std::string(caption) +
+                (enabled(entry) ? "" : " off") + (checkable ? checked(entry) ? " (checked)" : " ()" : "") +
+                '\n';
     return text;
 }
 
