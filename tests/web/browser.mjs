@@ -2,6 +2,7 @@
 // The built page behind a small server of its own, and the browsers that Debian has.
 import { existsSync, mkdtempSync, rmSync } from "node:fs";
 import { readFile } from "node:fs/promises";
+import { createHash } from "node:crypto";
 import { createServer } from "node:http";
 import { tmpdir } from "node:os";
 import { extname, join, normalize } from "node:path";
@@ -29,7 +30,11 @@ export async function serve(folder = built) {
     try {
       if (site.broken.has(path)) throw new Error("broken");
       let body = site.extra.get(path) ?? (await readFile(join(folder, normalize(path))));
-      const headers = { "content-type": types[extension] ?? "application/octet-stream", "cache-control": "max-age=600" };
+      const etag = `"${createHash("sha256").update(body).digest("hex").slice(0, 16)}"`;
+      if (request.headers["if-none-match"] === etag) return response.writeHead(304, { etag }).end();
+      const headers = {
+        "content-type": types[extension] ?? "application/octet-stream", "cache-control": "max-age=600", etag,
+      };
       if (packed.has(extension)) {
         body = gzipSync(body, { level: 9 });
         headers["content-encoding"] = "gzip";
@@ -72,20 +77,31 @@ export async function launch(engine = "chrome", options = {}) {
   return browser;
 }
 
-/** The page of a site in a window of that size, once the table is there. What it says and what it breaks is kept. */
-export async function open(browser, site, { width = 1366, height = 736, ratio = 1, touch = false, path = "" } = {}) {
-  const context = await browser.createBrowserContext();
-  const page = await context.newPage();
+/**
+ * The page of a site in a window of that size, once the table is there. What it complains of is kept in `said`. `before`
+ * runs in the page before its own scripts; `fast` makes its waits so many times shorter.
+ */
+export async function open(browser, site, options = {}) {
+  const { width = 1366, height = 736, ratio = 1, touch = false, fast = 1, before, context, wait = true } = options;
+  const page = await (context ?? (await browser.createBrowserContext())).newPage();
   page.said = [];
   page.on("console", (message) => page.said.push(message.text()));
   page.on("pageerror", (error) => page.said.push(String(error)));
   await page.setViewport({ width, height, deviceScaleFactor: ratio, hasTouch: touch, isMobile: false });
-  await page.goto(site.url + path);
-  await ready(page);
+  if (fast > 1)
+    await page.evaluateOnNewDocument((times) => {
+      const real = window.setTimeout;
+      window.setTimeout = (done, milliseconds) => real(done, milliseconds === 800 ? 300 : milliseconds / times);
+    }, fast);
+  if (before) await page.evaluateOnNewDocument(before);
+  await page.goto(site.url).catch((error) => wait && Promise.reject(error));
+  if (wait) await ready(page);
   return page;
 }
 
-export const ready = (page) => page.waitForFunction(() => performance.getEntriesByName("table").length > 0);
+export const ready = (page) =>
+  page.waitForFunction(() => performance.getEntriesByName("table").length > 0, { polling: 50 });
+export const sleep = (milliseconds) => new Promise((done) => setTimeout(done, milliseconds));
 
 /** Where a place of the table, in grid units, is in the window. */
 export async function place(page, x, y) {
@@ -93,28 +109,46 @@ export async function place(page, x, y) {
   return [box.x + (x * box.width) / 1024, box.y + (y * box.height) / 768];
 }
 
-/** A press at a place of the table. */
+/** A press at a place of the table, in grid units. */
 export async function click(page, x, y, button = "left") {
   await page.mouse.click(...(await place(page, x, y)), { button });
 }
 
+/** What lies on the table, as a screen reader has it: names, middles in the window, buttons. */
+export const things = (page) =>
+  page.evaluate(() =>
+    Array.from(document.querySelectorAll("#things p, #things li, #things > button"), (element) => {
+      const { x, y, width, height } = element.getBoundingClientRect();
+      const name = (element.firstElementChild ?? element).textContent;
+      return { name, list: element.parentElement.getAttribute("aria-label"), at: [x + width / 2, y + height / 2] };
+    }));
+export const status = async (page) => (await things(page))[0]?.name ?? "";
+
 /** The table as text, split into its groups. */
 export async function table(page) {
-  const text = await page.evaluate(() => globalThis.tavolo());
   const groups = {};
-  let group = "";
-  for (const word of text.split(" ").filter(Boolean)) {
+  let group;
+  for (const word of (await page.evaluate(() => globalThis.tavolo())).split(" ").filter(Boolean))
     if (/^[a-z]+2?$/.test(word)) groups[(group = word)] = [];
     else groups[group].push(word);
-  }
   return groups;
 }
 
-/** Waits until the table is as wanted. */
-export async function until(page, wanted, milliseconds = 60000) {
-  for (const end = Date.now() + milliseconds; Date.now() < end; await new Promise((r) => setTimeout(r, 50))) {
-    const now = await table(page);
-    if (wanted(now)) return now;
+/** Waits until something holds, and returns it. */
+export async function until(wanted, what = String(wanted), milliseconds = 60000) {
+  for (const end = Date.now() + milliseconds; Date.now() < end; await sleep(30)) {
+    const now = await wanted();
+    if (now) return now;
   }
-  throw new Error(`the table never came: ${await page.evaluate(() => globalThis.tavolo())}`);
+  throw new Error(`it never came: ${what}`);
+}
+
+/** The cut, up to the person's first turn. `press(at)` clicks. */
+export async function deal(page, press) {
+  await until(async () => {
+    if (await page.$("dialog")) await page.keyboard.press("Enter");
+    const deck = (await things(page)).find((thing) => thing.name.startsWith("Mazzo"));
+    if (deck) await press(deck.at);
+    return (await status(page)).startsWith("Tocca a");
+  }, "the first turn");
 }

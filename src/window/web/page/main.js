@@ -182,6 +182,8 @@ function listen(canvas, table, game) {
   });
   canvas.addEventListener("pointercancel", lift);
   canvas.addEventListener("contextmenu", hold); // the browser's own time for a finger; a mouse has none down
+  // What a press has opened keeps the focus, and is not itself pressed by the mouse events that follow a finger.
+  for (const what of ["mousedown", "touchend"]) canvas.addEventListener(what, (event) => event.preventDefault());
   document.addEventListener("contextmenu", (event) => {
     if (!(event.target instanceof HTMLInputElement)) event.preventDefault();
   });
