@@ -26,7 +26,7 @@ async function playHand(page, { press, pick }) {
   const drawn = async () => (await table(page)).pescato[0] === "1";
   await deal(page, press);
   for (let turn = 0; turn < 300; ++turn) {
-    const now = await until(async () => (await status(page)).match(/^(Tocca a .*: pesca|Mano finita.*)$/)?.[0], "my turn");
+    const now = await until(async () => (await status(page)).match(/^(Tocca a .*: pesca|Mano finita: .*)$/)?.[0], "my turn");
     if (now.startsWith("Mano finita")) return turn;
     await press((await thing("Tallone")).at);
     await until(drawn, "the card drawn");
