@@ -56,12 +56,13 @@ Melds sets_and_runs(int longest)
 struct Rules : testing::Test {
     Rules() { avvia_programma(); }
 
-    void lay_out(int p, Melds const& melds, Cards const& tail = {})
+    void lay_out(int p, Melds melds, Cards const& tail = {})
     {
         auto& t = tavolo;
         t.n_calate(p) = 0;
-        for (auto const* meld = melds.data(); meld != melds.data() + melds.size() + !tail.empty(); ++meld) {
-            auto const& cards = meld == melds.data() + melds.size() ? tail : *meld;
+        if (!tail.empty())
+            melds.push_back(tail);
+        for (auto const& cards : melds) {
             std::ranges::copy(cards, &t.calate(p, t.n_calate(p) + 1));
             chiudi_coda(p, static_cast<int>(cards.size()));
         }
