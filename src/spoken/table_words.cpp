@@ -189,20 +189,21 @@ void calate_umane(Elenco& e)
     auto const tutte = calate_di(umano);
     e.aggiungi(Kind::melds, umano, Role::list, "le tue combinazioni", riga);
 
-    // The regions that an attach is aimed at, each cut off where the row stops to answer.
+    // The regions that an attach is aimed at, each cut off where the row stops to answer. Six steps behind the
+    // last one count for it too; they are left out, since a click on the seam between both counts for none.
     Single const passo = passo_calate();
     Single sinistra = x_calata(1);
     int k = 0;
     for (auto const& c : tutte) {
-        Single destra = sinistra + static_cast<Single>(c.carte.size() + 2) * passo;
-        if (&c == &tutte.back())
-            destra += 6 * passo;
+        Single const destra = sinistra + static_cast<Single>(c.carte.size() + 2) * passo;
         Box const regione{std::min(sinistra, riga.x2), riga.y1, std::min(destra, riga.x2), riga.y2};
         e.aggiungi(Kind::own_meld, ++k, Role::item, calata_detta(c.carte), regione, gruppo).left =
             si_cala && regione.x1 < regione.x2;
         sinistra = destra;
     }
     // A new meld may be laid anywhere in the row; behind the regions the click aims at no other one.
+    if (!tutte.empty())
+        sinistra += 6 * passo;
     Box const libera{sinistra + passo < riga.x2 ? std::max(sinistra, riga.x1) : riga.x1, riga.y1, riga.x2,
                      riga.y2};
     e.aggiungi(Kind::lay, 0, Role::button, "cala le carte scelte", libera, gruppo).left = si_cala;
