@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QLibrary>
 #include <QStandardPaths>
+#include <QTime>
 #include <QTimer>
 
 namespace {
@@ -49,6 +50,7 @@ void start_sound(MainWindow* window)
 
 std::string kept_names() { return folders.names(); }
 void keep_names(std::string_view byte) { folders.keep_names(byte); }
+Single time_of_day() { return static_cast<Single>(QTime::currentTime().msecsSinceStartOfDay()) / 1000; }
 
 void start_game(MainWindow& window)
 {

@@ -14,11 +14,14 @@
 #include "window/qt/table_view.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPointingDevice>
+#include <QStyleHints>
 #include <QTest>
 #include <QTimer>
 
@@ -51,6 +54,7 @@ void answer_boxes()
 MainWindow& real_window() { return *window; }
 std::string kept_names() { return finestra.names; }
 void keep_names(std::string_view byte) { finestra.names = byte; }
+Single time_of_day() { return static_cast<Single>(finestra.day_began + ++finestra.now); }
 void close_real_window() { window.reset(); }
 
 QPoint on_table(Single x, Single y)
@@ -59,6 +63,14 @@ QPoint on_table(Single x, Single y)
     return {static_cast<int>(x * static_cast<Single>(table.width()) / griglia_x),
             static_cast<int>(y * static_cast<Single>(table.height()) / griglia_y)};
 }
+
+QTest::QTouchEventSequence touch()
+{
+    static auto* const screen = QTest::createTouchDevice();
+    return QTest::touchEvent(window->windowHandle(), screen);
+}
+
+QPoint in_window(QPoint on_table) { return window->table().mapTo(window.get(), on_table); }
 
 void settle()
 {
@@ -98,10 +110,46 @@ void fino_all_attesa(std::function<void()> const& after_wait)
     }
 }
 
+namespace {
+
+void tap(Qt::MouseButton button, QPoint at)
+{
+    bool const hold = button == Qt::RightButton;
+    QGuiApplication::styleHints()->setMousePressAndHoldInterval(hold ? 0 : 60'000);
+    touch().press(1, in_window(at));
+    if (hold)
+        settle();
+    touch().release(1, in_window(at));
+}
+
+// Nothing happens where the table has no object, or one that does nothing now.
+void act(Qt::MouseButton button, QPoint at)
+{
+    auto& table = window->table();
+    QPoint const where = table.mapToGlobal(at);
+    auto* const place = QAccessible::queryAccessibleInterface(&table)->childAt(where.x(), where.y());
+    auto* const actions = place ? place->actionInterface() : nullptr;
+    QString const action = button == Qt::LeftButton ? QAccessibleActionInterface::pressAction()
+                                                    : QAccessibleActionInterface::toggleAction();
+    if (!actions || !actions->actionNames().contains(action))
+        return;
+    if (with == With::reader)
+        actions->doAction(action);
+    else
+        QTest::mousePress(&table, button, {}, table.mapFromGlobal(place->rect().center()));
+}
+
+}  // namespace
+
 void clic(int tasto, Single x, Single y)
 {
     auto const button = tasto == 1 ? Qt::LeftButton : tasto == 2 ? Qt::RightButton : Qt::MiddleButton;
-    QTest::mousePress(&window->table(), button, {}, on_table(x, y));
+    switch (with) {
+    case With::mouse: QTest::mousePress(&window->table(), button, {}, on_table(x, y)); break;
+    case With::finger: tap(button, on_table(x, y)); break;
+    case With::reader:
+    case With::reader_mouse: act(button, on_table(x, y)); break;
+    }
     settle();
 }
 

@@ -6,6 +6,7 @@
 #include "window/form1.h"
 #include "window/lifecycle.h"
 #include "window/menu_clicks.h"
+#include "window/qt/accessible_table.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/table_view.h"
 
@@ -50,6 +51,7 @@ MainWindow* MainWindow::current() { return the_window; }
 MainWindow::MainWindow() : table_(new TableView(this))
 {
     the_window = this;
+    install_accessible_table();
     setWindowTitle(qt_text(titolo_finestra));
     setWindowIcon(app_icon());
     setContextMenuPolicy(Qt::NoContextMenu);
@@ -157,8 +159,11 @@ bool MainWindow::event(QEvent* event)
     if (event->type() != wake_up)
         return QMainWindow::event(event);
     wake_posted_ = false;
-    if (eventi_aperti == 0)
+    if (eventi_aperti == 0) {
+        before_step();
         runner.resume();
+        after_step(*table_);
+    }
     return true;
 }
 

@@ -31,18 +31,30 @@ void click_closing_area()
     Form_MouseDown(1, 0, (area.x1 + area.x2) / 2, (area.y1 + area.y2) / 2);
 }
 
-}  // namespace
-
-ShownControl* make_control(Control c, QWidget* table)
+TextPanel* make_panel(Control c, QWidget* table)
 {
     QString const text = qt_text(panel_text(c));
     switch (c) {
     case Control::TxtItaliano:
-        return new TextPanel(text, {12, Qt::black, Qt::white, false}, TxtItaliano_Click, table);
+        return new TextPanel(QStringLiteral("Regole"), text, {12, Qt::black, Qt::white, false},
+                             TxtItaliano_Click, table);
     case Control::TxtHelp:
-        return new TextPanel(text, {12, Qt::black, Qt::white, false}, TxtHelp_Click, table);
-    case Control::Text4:
-        return new TextPanel(text, {7.8F, Qt::black, QColor(224, 224, 224), true}, text4_Click, table);
+        return new TextPanel(QStringLiteral("Aiuto"), text, {12, Qt::black, Qt::white, false}, TxtHelp_Click,
+                             table);
+    default:
+        return new TextPanel(QStringLiteral("Info"), text, {7.8F, Qt::black, QColor(224, 224, 224), true},
+                             text4_Click, table);
+    }
+}
+
+}  // namespace
+
+ShownControl* make_control(Control c, QWidget* table)
+{
+    switch (c) {
+    case Control::TxtItaliano:
+    case Control::TxtHelp:
+    case Control::Text4: return make_panel(c, table);
     case Control::Shape1_0: return new ClosingShape(QColor(128, 128, 0), table);
     case Control::Shape1_1: return new ClosingShape(QColor(192, 192, 0), table);
     default: return new NameField(c, static_cast<int>(c) - static_cast<int>(TxtPlayer(1)) + 1, table);
@@ -58,6 +70,7 @@ ClosingShape::ClosingShape(QColor const& colour, QWidget* table) : QWidget(table
 NameField::NameField(Control c, int player, QWidget* table) : QLineEdit(table), first_(player == 1)
 {
     setMaxLength(max_lettere);
+    setAccessibleName(first_ ? QStringLiteral("Nome tuo") : QStringLiteral("Nome del computer"));
     setContextMenuPolicy(Qt::NoContextMenu);
     QFont font(QStringLiteral("MS Sans Serif"));
     font.setHintingPreference(QFont::PreferNoHinting);

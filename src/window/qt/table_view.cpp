@@ -30,6 +30,7 @@ int button_number(Qt::MouseButtons button)
 TableView::TableView(QWidget* parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
     setMouseTracking(true);
     setCursor(Qt::ArrowCursor);
 }
@@ -106,14 +107,27 @@ void TableView::resizeEvent(QResizeEvent*)
     });
 }
 
-void TableView::mousePressEvent(QMouseEvent* event)
+void TableView::press(Qt::MouseButton button, QPointF where)
 {
-    QPointF const at = to_grid(event->position());
+    QPointF const at = to_grid(where);
     evento([&] {
-        Form_MouseDown(button_number(event->button()), 0, static_cast<Single>(at.x()),
-                       static_cast<Single>(at.y()));
+        Form_MouseDown(button_number(button), 0, static_cast<Single>(at.x()), static_cast<Single>(at.y()));
     });
 }
+
+// Qt would make of a finger a left press as soon as it comes down, and never a right one.
+bool TableView::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel: finger_.touch(*static_cast<QTouchEvent*>(event)); return true;
+    default: return QWidget::event(event);
+    }
+}
+
+void TableView::mousePressEvent(QMouseEvent* event) { press(event->button(), event->position()); }
 
 void TableView::mouseMoveEvent(QMouseEvent* event)
 {

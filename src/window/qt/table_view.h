@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The table: the client area of the window. It shows the surface, holds the controls that lie over it and
-// hands the mouse to the game.
+// hands the mouse, or a finger, to the game.
 #pragma once
 
 #include "window/controls.h"
 #include "window/qt/card_pixmaps.h"
+#include "window/qt/finger.h"
 #include "window/qt/shown_control.h"
 
 #include <QWidget>
@@ -19,6 +20,7 @@ class TableView : public QWidget {
     void show_control(Control c);
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -33,8 +35,10 @@ class TableView : public QWidget {
     QPointF to_grid(QPointF where) const;
     QRect to_widget(QRect const& device) const;
 
+    void press(Qt::MouseButton button, QPointF where);
     void put_in_order();
 
+    Finger finger_{[this](Qt::MouseButton button, QPointF where) { press(button, where); }};
     CardPixmaps pictures_;
     double pictures_ratio_ = 0;
     std::array<ShownControl*, n_controlli> controls_{};  // made when they are first shown

@@ -4,11 +4,15 @@
 #include "window/form1.h"
 #include "window/qt/surface_painter.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QShortcut>
+#include <QTouchEvent>
 
-TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()> click, QWidget* parent)
+TextPanel::TextPanel(QString const& name, QString const& text, Look const& look, std::function<void()> click,
+                     QWidget* parent)
     : QScrollArea(parent), label_(new QLabel(text)), look_(look), click_(std::move(click))
 {
     QPalette colours = palette();
@@ -25,13 +29,15 @@ TextPanel::TextPanel(QString const& text, Look const& look, std::function<void()
     label_->setWordWrap(true);
     label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
+    setAccessibleName(name);
     setFrameStyle(look.border ? int(QFrame::Box) | int(QFrame::Plain) : int(QFrame::NoFrame));
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::StrongFocus);
     setWidget(label_);
-    new QShortcut(Qt::Key_Escape, this, [this] { evento(click_); });
+    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
+    new QShortcut(Qt::Key_Escape, this, [this] { tell_click(); });
 }
 
 void TextPanel::place(QRect box, int bottom)
@@ -48,4 +54,24 @@ void TextPanel::place(QRect box, int bottom)
     setGeometry(box);
 }
 
-void TextPanel::mousePressEvent(QMouseEvent*) { evento(click_); }
+void TextPanel::mousePressEvent(QMouseEvent*) { tell_click(); }
+
+// A finger draws the text along, and is a click if it has not.
+bool TextPanel::viewportEvent(QEvent* event)
+{
+    auto const type = event->type();
+    if (type != QEvent::TouchBegin && type != QEvent::TouchUpdate && type != QEvent::TouchEnd)
+        return QScrollArea::viewportEvent(event);
+    auto const& finger = static_cast<QTouchEvent*>(event)->point(0);
+    QPointF const moved = finger.position() - finger.pressPosition();
+    if (type == QEvent::TouchBegin) {
+        scrolled_from_ = verticalScrollBar()->value();
+        scrolls_ = false;
+    }
+    scrolls_ |= moved.manhattanLength() >= QApplication::startDragDistance();
+    if (scrolls_)
+        verticalScrollBar()->setValue(scrolled_from_ - qRound(moved.y()));
+    else if (type == QEvent::TouchEnd)
+        tell_click();
+    return true;
+}

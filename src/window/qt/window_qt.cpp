@@ -2,6 +2,7 @@
 #include "window/qt/main_window.h"
 
 #include "window/controls.h"
+#include "window/qt/accessible_table.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/surface_painter.h"
 #include "window/qt/table_view.h"
@@ -12,7 +13,6 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
-#include <QTime>
 #include <QtMath>
 
 namespace {
@@ -109,6 +109,7 @@ Task message_box(std::string_view testo)
         co_return;
     Question box(testo, w);
     box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    after_step(w->table());  // what led to the box is told first
     box.exec();
     wake_game();  // events that came while the box was open could not resume the game
 }
@@ -129,8 +130,6 @@ void ask_yes_no(std::string_view testo, void (*if_yes)())
 }
 
 void beep() { QApplication::beep(); }
-
-Single time_of_day() { return static_cast<Single>(QTime::currentTime().msecsSinceStartOfDay()) / 1000; }
 
 void end_program()
 {
