@@ -79,4 +79,129 @@ for (const engine of engines)
       await playHand(page, finger);
       assert.deepEqual(page.said, []);
     });
+
+    const checked = (page) => page.$$eval("[aria-checked=true]", (all) => all.map((entry) => entry.textContent));
+    const here = (page) => page.evaluate(() => document.activeElement.textContent);
+    const keys = async (page, ...all) => {
+      for (const key of all) await page.keyboard.press(key);
+    };
+    const alt = async (page, letter) => {
+      await page.keyboard.down("Alt");
+      await page.keyboard.press(letter);
+      await page.keyboard.up("Alt");
+    };
+    const names = (page) => page.$$eval("#controls input", (all) => all.filter((f) => !f.hidden).map((f) => f.value));
+
+    test("menus by the keyboard alone", async () => {
+      const page = await open(browser, site);
+      await keys(page, "F10", "ArrowRight", "ArrowRight", "ArrowDown", "ArrowRight", "End", "Enter");
+      assert.deepEqual(await checked(page), ["Alta", "Si", "MODO SEQUENZIALE", "Adagio sostenuto"]);
+      await alt(page, "m");
+      await keys(page, "ArrowUp", "ArrowDown", "Enter");
+      assert.deepEqual(await checked(page), ["Alta", "Si", "Nessuna"]);
+      await keys(page, "F10", "ArrowLeft");
+      assert.equal(await here(page), "Esci");
+      await keys(page, "ArrowRight", "ArrowDown", "Escape");
+      assert.equal(await here(page), "Partita");
+      assert.equal(await page.$("[aria-expanded=true]"), null);
+      await keys(page, "Tab");
+      assert.equal(await here(page), "Mazzo, taglia");
+    });
+
+    test("every entry does what it says, and each panel closes by a press", async () => {
+      const page = await open(browser, site);
+      for (const caption of await page.$$eval("[role=menuitemcheckbox]", (all) => all.map((entry) => entry.textContent))) {
+        await page.evaluate((c) => [...document.querySelectorAll("[role=menuitemcheckbox]")].find((e) => e.textContent === c).click(), caption);
+        assert.ok((await checked(page)).includes(caption), caption);
+      }
+      for (const letter of "rih") {
+        await alt(page, letter);
+        const panel = await page.waitForSelector(".panel:not([hidden])");
+        await panel.click();
+        assert.equal(await page.$(".panel:not([hidden])"), null);
+      }
+      assert.deepEqual(page.said, []);
+    });
+
+    test("a question holds the game still; Esci says farewell, with a way back", async () => {
+      const page = await open(browser, site);
+      await click(page, 512, 384);
+      await click(page, 512, 384);
+      while (await page.$("dialog")) {
+        await keys(page, "Enter");
+        await click(page, 512, 384);
+        await click(page, 512, 384);
+      }
+      await alt(page, "e");
+      const held = await page.evaluate(() => globalThis.tavolo());
+      await sleep(3000);
+      assert.equal(await page.evaluate(() => globalThis.tavolo()), held);
+      await keys(page, "n");
+      await until(async () => (await page.evaluate(() => globalThis.tavolo())) !== held, "the game goes on");
+      await alt(page, "e");
+      await keys(page, "s");
+      const back = await page.waitForSelector("#word button");
+      assert.match(await page.$eval("#word", (word) => word.textContent), /^Arrivederci/);
+      await Promise.all([page.waitForNavigation(), back.click()]);
+      await ready(page);
+    });
+
+    test("names are kept, and a browser that keeps nothing plays on", async () => {
+      for (const refuse of [undefined, () => {
+        for (const what of ["getItem", "setItem"])
+          Storage.prototype[what] = () => { throw new DOMException("no", "QuotaExceededError"); };
+      }]) {
+        const page = await open(browser, site, { before: refuse });
+        await keys(page, "F10", "Enter", "n");
+        await page.waitForSelector("#controls input");
+        await page.keyboard.type("Zoë");
+        await click(page, 113, 121);
+        await until(async () => (await names(page)).length === 0, "the page of names closed");
+        await keys(page, "F10", "Enter", "n");
+        assert.deepEqual(await until(async () => (await names(page)).length && names(page)), ["ZOË", "PLAYER2"]);
+        await page.reload();
+        await ready(page);
+        await keys(page, "F10", "Enter", "n");
+        assert.deepEqual(await until(async () => (await names(page)).length && names(page)), refuse ? ["Player1", "Player2"] : ["ZOË", "PLAYER2"]);
+        assert.deepEqual(page.said, []);
+      }
+    });
+
+    test("a part that does not arrive is told, and asked for again", async () => {
+      for (const part of ["/table.wasm", "/cards.txt", "/menus.js"]) {
+        site.broken.add(part);
+        const page = await open(browser, site, { wait: false });
+        await page.waitForFunction(() => getComputedStyle(document.getElementById("word")).visibility === "visible", { timeout: 20000 });
+        site.broken.clear();
+        const again = await page.$("#word button, #word a");
+        await Promise.all([page.waitForNavigation(), again.click()]);
+        await ready(page);
+      }
+    });
+
+    test("without scripts a sentence says what is missing", { skip: engine !== "chrome" && "cannot be asked" }, async () => {
+      const page = await (await browser.createBrowserContext()).newPage();
+      await page.setJavaScriptEnabled(false);
+      await page.goto(site.url);
+      assert.match(await page.$eval("noscript", (sentence) => sentence.innerText), /JavaScript/);
+    });
+
+    test("tunes begin with the first press, and follow each other", async () => {
+      site.requests.length = 0;
+      const page = await open(browser, site);
+      const tunes = () => site.requests.filter((path) => path.startsWith("/music/"));
+      assert.deepEqual(tunes(), []);
+      await click(page, 512, 384);
+      await until(() => tunes().length === 1, "the first tune");
+      assert.deepEqual(page.said, []);
+    });
+
+    test("forth and back", async () => {
+      const page = await open(browser, site);
+      await page.goto("about:blank");
+      await page.evaluate(() => history.back()).catch(() => {});
+      await ready(page);
+      await click(page, 512, 384);
+      await until(async () => (await status(page)).endsWith("per te"), "the cut");
+    });
   });
