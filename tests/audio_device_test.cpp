@@ -255,6 +255,20 @@ TEST_F(Devices, WhatCannotBeReadIsSilentAndHasNoEnd)
         }
 }
 
+// A tune goes by its words in the menu, a sound by those that the game asks for.
+TEST_F(Devices, TheTunesAndSoundsOfTheGameAreThere)
+{
+    for (auto const name :
+         {"Adagio sostenuto", "Allegretto", "Arabesque", "Boccherini-minuetto", "BWV 772", "BWV 773",
+          "BWV 774", "BWV 775", "BWV776", "Fastlane", "Mascagni-preludio", "Monteverdi-balletto", "Per Elisa",
+          "Rondò a capriccio", "Rossini-Guglielmo Tell", "Verdi-Aida", "Vivaldi-Concerto in C"}) {
+        mixer.play_tune(audio::read_file(fs::path(BUILT_FOLDER "/music") / (name + ".mid"s), 1 << 20));
+        EXPECT_FALSE(quiet(mixer.listen(3), 6 * rate)) << name;
+    }
+    for (auto const name : {"carta", "Notify"})
+        EXPECT_FALSE(audio::load_wave(fs::path(BUILT_FOLDER "/sounds") / (name + ".wav"s)).empty()) << name;
+}
+
 // ---- The devices, through a file
 
 TEST_F(Devices, AFloodOfChoicesPlaysTheLastWhichIsToldOnceEachTime)
