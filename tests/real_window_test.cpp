@@ -44,11 +44,11 @@ QColor at(QImage const& picture, Single x, Single y)
 QColor const green(0, 112, 0);
 
 // As a scene tells the menus.
-std::string told_menus(QWidget const& menu, unsigned level)
+std::string told_menus(QWidget const& menu, std::size_t level)
 {
     std::string told;
     for (auto const* entry : menu.actions())
-        told += std::string(4U * level, ' ') + entry->text().toStdString() +
+        told += std::string(4 * level, ' ') + entry->text().toStdString() +
                 (entry->isEnabled() ? "" : " off") +
                 (!entry->isCheckable() ? ""
                  : entry->isChecked()  ? " (checked)"
