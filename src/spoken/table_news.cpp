@@ -45,10 +45,10 @@ Snapshot look()
     return s;
 }
 
-// A verb as it goes with who acts: "peschi", "il computer pesca".
-std::string chi(int p, std::string_view tu, std::string_view egli)
+// A verb as it goes with who acts: "pescate", "il computer pesca".
+std::string chi(int p, std::string_view voi, std::string_view egli)
 {
-    return p == umano ? std::string(tu) : "il computer " + std::string(egli);
+    return p == umano ? std::string(voi) : "il computer " + std::string(egli);
 }
 
 void taglio(Snapshot const& prima, Snapshot const& ora, Sentences& news)
@@ -58,18 +58,18 @@ void taglio(Snapshot const& prima, Snapshot const& ora, Sentences& news)
     if (prima.turn == computer)
         news.push_back("il computer taglia: " + carta_detta(tavolo.mazzo(prima.cut_entry)));
     else
-        news.push_back("tagli: " + carta_detta(tavolo.mazzo(prima.cut_entry)));
+        news.push_back("tagliate: " + carta_detta(tavolo.mazzo(prima.cut_entry)));
     if (!ora.choosing)
-        news.push_back(tavolo.cartaro == umano ? "dai le carte tu" : "dà le carte il computer");
+        news.push_back(tavolo.cartaro == umano ? "date le carte voi" : "dà le carte il computer");
 }
 
 void pescata(int p, Snapshot const& prima, Snapshot const& ora, Sentences& news)
 {
     if (ora.stock == prima.stock + 1)
-        news.push_back(chi(p, "peschi dal tallone", "pesca dal tallone") +
+        news.push_back(chi(p, "pescate dal tallone", "pesca dal tallone") +
                        (p == umano ? ": " + carta_detta(ora.drawn) : ""));
     if (ora.pile == prima.pile - 1)
-        news.push_back(chi(p, "peschi", "pesca") + " dal pozzo " + carta_con_articolo(prima.top));
+        news.push_back(chi(p, "pescate", "pesca") + " dal pozzo " + carta_con_articolo(prima.top));
 }
 
 // The cards of a meld that lay in none of the player's melds before; each is struck from `vecchie`.
@@ -94,10 +94,10 @@ void calate_e_attacchi(int p, Snapshot const& prima, Snapshot const& ora, Senten
     for (auto const& calata : ora.melds[riga]) {
         auto const carte = nuove(calata, vecchie);
         if (carte.size() == 1)
-            news.push_back(chi(p, "attacchi ", "attacca ") + carta_con_articolo(carte[0]) + ": " +
+            news.push_back(chi(p, "attaccate ", "attacca ") + carta_con_articolo(carte[0]) + ": " +
                            calata_detta(calata));
         else if (!carte.empty())
-            news.push_back(chi(p, "cali ", "cala ") + calata_con_articolo(carte) +
+            news.push_back(chi(p, "calate ", "cala ") + calata_con_articolo(carte) +
                            (carte.size() < calata.size() ? ", unita alla " + calata_detta(calata) : ""));
     }
 }
@@ -106,7 +106,7 @@ void fine_mano(Snapshot const& prima, Snapshot const& ora, Sentences& news)
 {
     auto const& t = tavolo;
     if (ora.closed && !prima.closed)
-        news.push_back(t.n_carte(umano) == 0 ? "hai chiuso" : "il computer ha chiuso");
+        news.push_back(t.n_carte(umano) == 0 ? "avete chiuso" : "il computer ha chiuso");
     if (!ora.games || prima.games)
         return;
     auto punti = [&](int p) {
@@ -114,8 +114,8 @@ void fine_mano(Snapshot const& prima, Snapshot const& ora, Sentences& news)
         return std::to_string(t.punti(p, t.n_game)) + " punti" +
                (meno != 0 ? " meno " + std::to_string(meno) : "");
     };
-    news.push_back("tu " + punti(umano) + ", il computer " + punti(computer));
-    news.push_back("totale: tu " + std::to_string(t.totale(umano)) + ", il computer " +
+    news.push_back("voi " + punti(umano) + ", il computer " + punti(computer));
+    news.push_back("totale: voi " + std::to_string(t.totale(umano)) + ", il computer " +
                    std::to_string(t.totale(computer)));
     if (std::max<int>(t.totale(umano), t.totale(computer)) >= traguardo)
         news.push_back("la partita è finita");
@@ -133,7 +133,7 @@ void mossa(Snapshot const& prima, Snapshot const& ora, Sentences& news)
     calate_e_attacchi(p, prima, ora, news);
     bool const scartata = ora.pile == prima.pile + 1;
     if (scartata)
-        news.push_back(chi(p, "scarti ", "scarta ") + carta_con_articolo(ora.top));
+        news.push_back(chi(p, "scartate ", "scarta ") + carta_con_articolo(ora.top));
     if (prima.selected > 0 && ora.selected == 0 && !scartata && prima.melds == ora.melds)
         news.push_back(prima.action == azioni::cala ? "carte rifiutate" : "scelta annullata");
 }
@@ -153,7 +153,7 @@ Sentences between(Snapshot const& prima, Snapshot const& ora)
             news.push_back(testo);
     fine_mano(prima, ora, news);
     if (ora.to_move && !prima.to_move)
-        news.push_back("tocca a te");
+        news.push_back("tocca a voi");
     return news;
 }
 

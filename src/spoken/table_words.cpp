@@ -67,7 +67,7 @@ std::string attesa()
 {
     auto const& t = tavolo;
     if (t.azione == azioni::taglia)
-        return t.turno == computer ? "taglia il mazzo per " + nome(computer) : "taglia il mazzo per te";
+        return t.turno == computer ? "tagliate il mazzo per " + nome(computer) : "tagliate il mazzo per voi";
     if (t.azione == azioni::ignora)
         return "si danno le carte";
     if (!apparecchiata())
@@ -75,7 +75,7 @@ std::string attesa()
     if (mano_finita())
         return enabled(Menu::menu_continue) ? "mano finita: Continua, nel menu Partita" : "mano finita";
     if (human_to_move())
-        return "tocca a " + nome(umano) + (t.pescato ? "" : ": pesca");
+        return "tocca a " + nome(umano) + (t.pescato ? "" : ": pescate");
     return "gioca " + nome(t.turno);
 }
 
@@ -101,13 +101,13 @@ void scelta_del_cartaro(Elenco& e)
     for (int p : {computer, umano})
         if (int const figura = figura_a(x, y_mano(p)); scoperta(figura))
             e.aggiungi(Kind::cut_card, p, Role::label,
-                       (p == umano ? "la tua carta: " : "la carta di " + nome(p) + ": ") +
+                       (p == umano ? "la vostra carta: " : "la carta di " + nome(p) + ": ") +
                            carta_detta(figura),
                        posto_carta(x, y_mano(p)));
     if (t.azione == azioni::taglia)
-        e.aggiungi(Kind::deck, 0, Role::button, "mazzo, taglia", area_scelta).left = true;
+        e.aggiungi(Kind::deck, 0, Role::button, "mazzo, tagliate", area_scelta).left = true;
     if (t.azione == azioni::taglia && control(Shape1(1)).visible)
-        e.aggiungi(Kind::close_names, 0, Role::button, "conferma i nomi", area_chiusura_nomi()).left = true;
+        e.aggiungi(Kind::close_names, 0, Role::button, "confermate i nomi", area_chiusura_nomi()).left = true;
 }
 
 // ---------------------------------------------------------------- pile and stock
@@ -143,7 +143,7 @@ void mano_umana(Elenco& e)
     int const n = static_cast<int>(slot.size());
     Single const basso = y_mano(umano) + t.alt_carta;
     Place const mano{Kind::hand, 0};
-    e.aggiungi(Kind::hand, 0, Role::list, "la tua mano, " + quante_carte(n),
+    e.aggiungi(Kind::hand, 0, Role::list, "la vostra mano, " + quante_carte(n),
                {0, y_mano(umano), x_mano(slot.back() + 1), basso});
     for (int const s : slot) {
         int const carta = t.mano(umano, s);
@@ -187,7 +187,7 @@ void calate_umane(Elenco& e)
     Box const riga = posto_calate();
     Place const gruppo{Kind::melds, umano};
     auto const tutte = calate_di(umano);
-    e.aggiungi(Kind::melds, umano, Role::list, "le tue combinazioni", riga);
+    e.aggiungi(Kind::melds, umano, Role::list, "le vostre combinazioni", riga);
 
     // The regions that an attach is aimed at, each cut off where the row stops to answer. Six steps behind the
     // last one count for it too; they are left out, since a click on the seam between both counts for none.
@@ -206,7 +206,7 @@ void calate_umane(Elenco& e)
         sinistra += 6 * passo;
     Box const libera{sinistra + passo < riga.x2 ? std::max(sinistra, riga.x1) : riga.x1, riga.y1, riga.x2,
                      riga.y2};
-    e.aggiungi(Kind::lay, 0, Role::button, "cala le carte scelte", libera, gruppo).left = si_cala;
+    e.aggiungi(Kind::lay, 0, Role::button, "calate le carte scelte", libera, gruppo).left = si_cala;
 }
 
 void calate_del_computer(Elenco& e)

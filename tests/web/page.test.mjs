@@ -22,7 +22,7 @@ function meld(cards) {
 /** A hand to its end, by presses alone: draw from the stock, lay what can be laid, discard. */
 async function playHand(page, { press, pick }) {
   const thing = async (start) => (await things(page)).find(({ name }) => name.startsWith(start));
-  const slots = async () => (await things(page)).filter(({ list }) => list?.startsWith("La tua mano"));
+  const slots = async () => (await things(page)).filter(({ list }) => list?.startsWith("La vostra mano"));
   const drawn = async () => (await table(page)).pescato[0] === "1";
   await deal(page, press);
   for (let turn = 0; turn < 300; ++turn) {
@@ -37,7 +37,7 @@ async function playHand(page, { press, pick }) {
       await until(async () => (await table(page)).mano.includes(`*${card}`), `${card} selected`);
     }
     if (cards.length > 0) {
-      await press((await thing("Cala le carte scelte")).at);
+      await press((await thing("Calate le carte scelte")).at);
       await until(async () => (await table(page)).mano.length === mano.length - cards.length, `${cards} laid`);
     }
     await press((await slots()).at(-1).at);

@@ -70,7 +70,7 @@ ClosingShape::ClosingShape(QColor const& colour, QWidget* table) : QWidget(table
 NameField::NameField(Control c, int player, QWidget* table) : QLineEdit(table), first_(player == 1)
 {
     setMaxLength(max_lettere);
-    setAccessibleName(first_ ? QStringLiteral("Nome tuo") : QStringLiteral("Nome del computer"));
+    setAccessibleName(first_ ? QStringLiteral("Il vostro nome") : QStringLiteral("Il nome del computer"));
     setContextMenuPolicy(Qt::NoContextMenu);
     QFont font(QStringLiteral("MS Sans Serif"));
     font.setHintingPreference(QFont::PreferNoHinting);
