@@ -425,7 +425,12 @@ std::optional<spoken::News> news;
 struct Listeners : QAccessible::ActivationObserver {
     bool there = QAccessible::isActive();
     Listeners() { QAccessible::installActivationObserver(this); }
-    void accessibilityActiveChanged(bool active) override { there = active; }
+    void accessibilityActiveChanged(bool active) override
+    {
+        there = active;
+        if (there && the_table)  // Qt may have made it before anybody listened
+            the_table->refresh();
+    }
 };
 Listeners& listeners()
 {
