@@ -53,10 +53,21 @@ std::string elenco(std::span<Carta const> carte, Nome nome)
     return testo;
 }
 
+// Of several cards of a rank: "d'Assi", "di Donne".
+std::string di_molti(int valore)
+{
+    switch (valore) {
+    case 1: return "d'Assi";
+    case 11: return "di Fanti";
+    case 12: return "di Donne";
+    default: return "di " + nome_valore(valore);
+    }
+}
+
 std::string gruppo_detto(std::span<Carta const> carte)
 {
-    return std::string(carte.size() == 4 ? "poker" : "tris") + " di " + nome_valore(ValCarta(carte[0])) +
-           ": " + elenco(carte, [](Carta c) { return nome_seme(Seme(c)); });
+    return std::string(carte.size() == 4 ? "poker " : "tris ") + di_molti(ValCarta(carte[0])) + ": " +
+           elenco(carte, [](Carta c) { return nome_seme(Seme(c)); });
 }
 
 }  // namespace
