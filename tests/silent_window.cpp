@@ -126,13 +126,13 @@ Task message_box(std::string_view testo)
     finestra.in_box();
     co_return;
 }
-void ask_yes_no(std::string_view testo, void (*sì)())
+void ask_yes_no(std::string_view testo, void (*if_yes)())
 {
     nota("question " + std::string(testo));
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
     if (finestra.answer_yes)
-        sì();
+        if_yes();
 }
 
 void beep()

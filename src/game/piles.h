@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Pile and stock. Cards come and go by the procedures here, which keep the
-// counts true and the picture of the place that a card leaves or reaches. At the end of every turn that does
-// not end the hand, pile and stock together hold 78 cards.
+// Pile and stock. Cards come and go by the procedures here, which keep the counts true and the picture of the
+// place that a card leaves or reaches. At the end of every turn that does not end the hand, pile and stock
+// together hold 78 cards.
 #pragma once
 
 #include "game/card_model.h"

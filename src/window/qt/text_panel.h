@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A help panel: text to read, lines as they stand, wrapped only where they are too long. Its colours are its
-// own, whatever the desktop's; its name is for who does not see it. A click on it is told, and so is the Escape key; a click on its scroll bar is
-// not.
+// own, whatever the desktop's; its name is for who does not see it. A click on it is told, and so are the
+// Escape key and a finger that does not scroll; a click on its scroll bar is not.
 #pragma once
 
 #include "window/qt/shown_control.h"
