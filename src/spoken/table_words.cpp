@@ -79,17 +79,25 @@ std::string attesa()
     return "gioca " + nome(t.turno);
 }
 
+bool comincia(Mark const& m, Single x, Single y) { return m.box.x1 == x && m.box.y1 == y; }
+
+// The title, the names of the players, the labels of the name fields and the table of games are told
+// elsewhere.
+bool detto_altrove(Mark const& m)
+{
+    return std::ranges::count(riga_titolo, m.testo) || cornice().contains(m.box) ||
+           comincia(m, x_nomi(), y_nome(umano)) || comincia(m, x_nomi(), y_nome(computer)) ||
+           (pagina_nomi.contains(m.box) && m.box.y1 >= testata_nomi);
+}
+
 // Texts that stand on the table and are told nowhere else.
 void parole(Elenco& e)
 {
     int n = 0;
-    for (Mark const& m : superficie.marks()) {
-        bool const altrove = m.kind != Mark::Kind::text || std::ranges::count(riga_titolo, m.testo) ||
-                             m.testo == tavolo.nomi(0) || m.testo == tavolo.nomi(1) ||
-                             cornice().contains(m.box);
-        if (!altrove)
-            e.aggiungi(Kind::words, ++n, Role::label, senza_gridare(m.testo), m.box);
-    }
+    for (Mark const& m : superficie.marks())
+        if (auto const inizio = m.testo.find_first_not_of(' ');
+            m.kind == Mark::Kind::text && inizio != std::string::npos && !detto_altrove(m))
+            e.aggiungi(Kind::words, ++n, Role::label, senza_gridare(m.testo.substr(inizio)), m.box);
 }
 
 // ---------------------------------------------------------------- the dealer choice
