@@ -21,7 +21,7 @@ const packed = new Set([".html", ".js", ".css", ".wasm", ".svg", ".txt", ".wav",
 
 /** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `extra` more files. */
 export async function serve(folder = built) {
-  const site = { url: "", requests: [], bytes: 0, broken: new Set(), extra: new Map(), close: () => {} };
+  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), extra: new Map(), close: () => {} };
   const server = createServer(async (request, response) => {
     let path = decodeURIComponent(new URL(request.url, "http://x").pathname);
     if (path.endsWith("/")) path += "index.html";
@@ -40,6 +40,7 @@ export async function serve(folder = built) {
         headers["content-encoding"] = "gzip";
       }
       site.bytes += body.length;
+      if (path.startsWith("/music/")) site.music += body.length;
       response.writeHead(200, headers).end(body);
     } catch {
       response.writeHead(site.broken.has(path) ? 500 : 404).end();

@@ -63,6 +63,9 @@ export class Controls {
     }
     if (element instanceof HTMLInputElement && element.value !== control.text)
       element.value = control.text.slice(0, longestName);
+    // Not for a finger: it would bring up the keyboard on the screen.
+    if (control.id === firstField && control.visible && wasHidden && !matchMedia("(pointer: coarse)").matches)
+      queueMicrotask(() => /** @type {HTMLInputElement} */ (element).select());
   }
 
   /** @param {number} id @returns {HTMLElement} @private */

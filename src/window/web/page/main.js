@@ -193,6 +193,7 @@ function listen(canvas, table, game) {
     table.paint();
   };
   new ResizeObserver(resized).observe(canvas);
+  addEventListener("resize", resized);
   const watchRatio = () =>
     matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener(
       "change", () => { resized(); watchRatio(); }, { once: true });
@@ -210,7 +211,7 @@ function farewell() {
   element("bar").remove();
   element("controls").replaceChildren();
   element("things").replaceChildren();
-  say("Arrivederci!", "Gioca ancora").focus();
+  say("Arrivederci!", "Giocate ancora").focus();
 }
 
 start().catch((error) => {
@@ -220,5 +221,5 @@ start().catch((error) => {
     word.id = "word";
     element("table").append(word);
   }
-  say("Una parte del gioco non è arrivata.", "Riprova");
+  say("Una parte del gioco non è arrivata.", "Riprovate");
 });

@@ -5,11 +5,11 @@
 
 /** @typedef {import("./module.js").Entry} Entry */
 
-/** A caption without its "&", and the letter behind it. @param {string} caption */
+/** A caption without its "&", where that stood, and the letter behind it; else the first. @param {string} caption */
 export function caption(caption) {
   const at = caption.indexOf("&");
   const text = caption.replace("&", "");
-  return { text, at, letter: (at < 0 ? text[0] : text[at]).toLowerCase() };
+  return { text, at, letter: text[Math.max(at, 0)].toLowerCase() };
 }
 
 /** The words of a caption, the letter underlined. @param {string} words */
@@ -32,7 +32,7 @@ export class Menus {
     this.pick = pick;
     /** @private @type {Map<number, HTMLElement>} */
     this.items = new Map();
-    /** @private @type {Map<HTMLElement, {id: number, letter: string}>} */
+    /** @private @type {Map<HTMLElement, {id: number, letter: string, at: number}>} */
     this.known = new Map();
 
     /** @type {HTMLElement[]} */
@@ -50,7 +50,7 @@ export class Menus {
       holder.append(item);
       lists[entry.level].append(holder);
       this.items.set(entry.id, item);
-      this.known.set(item, { id: entry.id, letter: caption(entry.caption).letter });
+      this.known.set(item, { id: entry.id, ...caption(entry.caption) });
       if (opens) {
         item.setAttribute("aria-haspopup", "menu");
         item.setAttribute("aria-expanded", "false");
@@ -172,8 +172,8 @@ export class Menus {
       const open = this.openTop() !== undefined;
       const next = tops[(from + step + tops.length) % tops.length];
       this.close();
+      this.focus(next);
       if (open && opens(next)) this.act(next);
-      if (document.activeElement?.parentElement?.closest("ul") !== next.nextElementSibling) this.focus(next);
     };
     const above = /** @type {HTMLElement | null} */ (list.previousElementSibling);
     switch (event.key) {
@@ -207,7 +207,9 @@ export class Menus {
       default: {
         if (event.key.length !== 1) return;
         const rest = [...items.slice(at + 1), ...items.slice(0, at + 1)];
-        const same = rest.filter((i) => this.known.get(i)?.letter === event.key.toLowerCase());
+        let same = rest.filter((i) => this.known.get(i)?.letter === event.key.toLowerCase());
+        const underlined = same.filter((i) => Number(this.known.get(i)?.at) >= 0);
+        if (underlined.length > 0) same = underlined;
         if (same.length === 0) return;
         this.focus(same[0]);
         if (same.length === 1) this.act(same[0]);

@@ -27,6 +27,8 @@ class Pictures {
     this.images = new Map();
     /** @private @type {Map<string, HTMLCanvasElement>} */
     this.drawn = new Map();
+    /** @private @type {Set<number>} asked for before they were there */
+    this.missed = new Set();
   }
 
   forgetSizes() {
@@ -37,7 +39,9 @@ class Pictures {
   async open(picture) {
     const image = new Image();
     this.images.set(picture, image);
-    const url = URL.createObjectURL(new Blob([this.drawings[picture - 1]], { type: "image/svg+xml" }));
+    // A reshaped window stretches its cards.
+    const drawing = this.drawings[picture - 1].replace("<svg", '<svg preserveAspectRatio="none"');
+    const url = URL.createObjectURL(new Blob([drawing], { type: "image/svg+xml" }));
     image.src = url;
     try {
       await image.decode();
@@ -45,6 +49,7 @@ class Pictures {
       this.images.delete(picture); // the next repaint tries again
     }
     URL.revokeObjectURL(url);
+    if (this.missed.delete(picture)) this.arrived();
   }
 
   /** @param {number[]} pictures */
@@ -58,11 +63,11 @@ class Pictures {
     const known = this.drawn.get(key);
     if (known) return known;
     const image = this.images.get(picture);
-    if (!image) {
-      void this.open(picture).then(this.arrived);
+    if (!image?.complete || image.naturalWidth === 0) {
+      this.missed.add(picture);
+      if (!image) void this.open(picture);
       return null;
     }
-    if (!image.complete || image.naturalWidth === 0) return null;
     const canvas = document.createElement("canvas");
     canvas.width = width;
     canvas.height = height;

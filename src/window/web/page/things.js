@@ -102,7 +102,7 @@ export class Things {
       else first.removeAttribute("aria-pressed");
       if (thing.left && thing.right) {
         const second = inside(element, 1);
-        second.textContent = `Scegli ${thing.name}`;
+        second.textContent = `Scegliete ${thing.name}`;
         second.dataset.right = "";
         second.tabIndex = -1;
         this.pressable(second, thing);
