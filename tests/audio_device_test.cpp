@@ -216,7 +216,7 @@ TEST_F(Devices, ATuneIsMixedWithACardOnTopAndHasAnEnd)
         EXPECT_NEAR(heard(rest, high_tone), 0.6, 0.2);
         EXPECT_NEAR(heard(rest, card_tone), 0.2, 0.05);
         EXPECT_FALSE(mixer.tune_ended());
-        EXPECT_TRUE(quiet(mixer.listen(0.3), rate / 5) && mixer.tune_ended());
+        EXPECT_TRUE(quiet(mixer.listen(0.3), rate / 10) && mixer.tune_ended());
     }
     Mixer without_font(std::array{"/nowhere/font.sf2"});
     without_font.play(tune({low}));
