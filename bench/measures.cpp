@@ -116,6 +116,7 @@ BENCHMARK_CAPTURE(controllo_calata, refuse, "7S 8S 9D |", 3);
 // Whole matches of computer and greedy person.
 void match(benchmark::State& state)
 {
+    notes_drawing = false;
     int hands = 0;
     std::uint32_t seed = 1;
     for (auto _ : state)

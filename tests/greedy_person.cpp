@@ -135,8 +135,8 @@ class Evening {
 
     void add(int value)
     {
-        for (int const byte : {value, value >> 8})
-            fold(played_->hash, std::string(1, static_cast<char>(byte)));
+        std::array const bytes{static_cast<char>(value), static_cast<char>(value >> 8)};
+        fold(played_->hash, {bytes.data(), bytes.size()});
     }
 
     void hash_table()

@@ -12,8 +12,9 @@
 #include "players/windows_1252.h"
 #include "spoken/table_news.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <iterator>
 #include <limits>
 #include <ostream>
 #include <utility>
@@ -40,9 +41,8 @@ constexpr Box tutto{0, 0, griglia_x, griglia_y};
 // To a hundredth.
 std::string numero(Single v)
 {
-    char testo[16];
-    std::snprintf(testo, sizeof testo, "%g", std::round(double{v} * 100) / 100);
-    return testo;
+    char testo[24];
+    return {testo, std::to_chars(testo, std::end(testo), std::round(double{v} * 100) / 100).ptr};
 }
 std::string coppia(Single x, Single y) { return " " + numero(x) + "," + numero(y); }
 std::string scatola(Box const& b) { return coppia(b.x1, b.y1) + coppia(b.x2, b.y2); }
@@ -78,6 +78,8 @@ void nota(Device d, std::string const& che) { nota((d == Device::music ? "music 
 // Comes once for each thing drawn. What has changed holds the newest mark, unless that was a fill of nothing.
 void repaint(Box const& box)
 {
+    if (!notes_drawing)
+        return;
     auto const& marks = superficie.marks();
     if (marks.empty() && box == tutto)
         return nota("clear");

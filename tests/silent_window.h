@@ -41,6 +41,9 @@ extern SilentWindow finestra;
 // "open 1024 779 36000", "click 1 512 384", "timer". What this window logs in between is what that one must show.
 inline std::ostream* script = nullptr;
 
+// Off where nobody reads what was drawn: writing it into the log takes longer than the game itself.
+inline bool notes_drawing = true;
+
 // A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
 // card as large as in the reference window. The game is Main(), not yet begun.
 void avvia_programma(Pixels pixels = {1024, 779}, double day_began = 36000);

@@ -22,7 +22,7 @@ TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
     s.print_line("");
     EXPECT_FLOAT_EQ(s.current_y(), 364 + 2 * high);
     ASSERT_EQ(s.marks().size(), 2U);
-    EXPECT_EQ(s.marks()[1].box.x1, s.marks()[0].box.x2);
+    EXPECT_EQ(s.marks().back().box.x1, s.marks().front().box.x2);
 
     s.clear();
     EXPECT_TRUE(s.marks().empty());

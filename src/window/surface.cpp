@@ -38,17 +38,29 @@ Box reach(Mark const& m)
     return b;
 }
 
-// Nothing of the older mark can be seen below the new one. The corners of a card are transparent, so a picture hides
-// another picture only if both have the same place and size.
-bool hides(Mark const& above, Mark const& below)
+// Nothing of the older mark can be seen below the new fill.
+bool covers(Mark const& fill, Mark const& below)
 {
-    if (above.kind == Mark::Kind::fill)
-        return above.box.contains(below.kind == Mark::Kind::text ? below.box : below.reach);
+    return fill.box.contains(below.kind == Mark::Kind::text ? below.box : below.reach);
+}
+
+// The new mark, no fill, paints the older one again. The corners of a card are transparent, so a picture hides another
+// picture only if both have the same place and size. Of all marks at most one is repeated.
+bool repeats(Mark const& above, Mark const& below)
+{
     if (above.box.x1 != below.box.x1 || above.box.y1 != below.box.y1 || above.kind != below.kind)
         return false;
     if (above.kind == Mark::Kind::text)
         return above.testo == below.testo && above.font == below.font;
     return above.box == below.box;
+}
+
+// Two marks with the same corner have the same number; others may.
+std::size_t corner(Mark const& m)
+{
+    auto const x = static_cast<unsigned>(static_cast<int>(m.box.x1));
+    auto const y = static_cast<unsigned>(static_cast<int>(m.box.y1));
+    return (x * 7 + y * 31) % 256;
 }
 
 }  // namespace
@@ -57,7 +69,8 @@ Surface::Surface() : font_{"MS Sans Serif", 7.8F} {}
 
 void Surface::clear()
 {
-    marks_.clear();
+    spare_.splice(spare_.end(), marks_);
+    corners_ = {};
     repaint(tutto);
 }
 
@@ -112,17 +125,33 @@ void Surface::add(Mark mark)
     mark.reach = reach(mark);
     Box changed = mark.reach;
 
-    std::erase_if(marks_, [&](Mark const& older) {
-        if (!hides(mark, older))
-            return false;
-        changed = both(changed, older.reach);
-        return true;
-    });
+    auto const wipe = [&](auto older) {
+        changed = both(changed, older->reach);
+        --corners_[corner(*older)];
+        auto const next = std::next(older);
+        spare_.splice(spare_.end(), marks_, older);
+        return next;
+    };
 
-    bool const invisible =
-        mark.kind == Mark::Kind::fill && mark.colore == background &&
-        std::ranges::none_of(marks_, [&](Mark const& older) { return meet(mark.box, older.reach); });
-    if (!invisible)
-        marks_.push_back(std::move(mark));
+    bool invisible = mark.kind == Mark::Kind::fill && mark.colore == background;
+    if (mark.kind == Mark::Kind::fill) {
+        for (auto older = marks_.begin(); older != marks_.end();) {
+            bool const hidden = covers(mark, *older);
+            invisible = invisible && (hidden || !meet(mark.box, older->reach));
+            older = hidden ? wipe(older) : std::next(older);
+        }
+    } else if (corners_[corner(mark)] > 0) {
+        auto const older = std::ranges::find_if(marks_, [&](Mark const& m) { return repeats(mark, m); });
+        if (older != marks_.end())
+            wipe(older);
+    }
+
+    if (!invisible) {
+        ++corners_[corner(mark)];
+        if (spare_.empty())
+            spare_.emplace_back();
+        spare_.back() = std::move(mark);
+        marks_.splice(marks_.end(), spare_, std::prev(spare_.end()));
+    }
     repaint(changed);
 }

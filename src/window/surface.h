@@ -8,9 +8,10 @@
 #include "game/box.h"
 #include "game/card_model.h"
 
+#include <array>
+#include <list>
 #include <string>
 #include <string_view>
-#include <vector>
 
 struct Colore {
     Byte rosso = 0, verde = 0, blu = 0;
@@ -72,12 +73,16 @@ class Surface {
     static constexpr Colore background = colori::tavolo;
 
     // Bottom first. Marks that later ones hide wholly are gone.
-    std::vector<Mark> const& marks() const { return marks_; }
+    std::list<Mark> const& marks() const { return marks_; }
 
   private:
     void add(Mark mark);
 
-    std::vector<Mark> marks_;
+    std::list<Mark> marks_;
+    std::list<Mark> spare_;  // wiped ones, whose memory the next take
+    // How many of the marks have a corner with that number. Most cards are painted where no mark has its corner: this
+    // tells so without a walk along the list.
+    std::array<Integer, 256> corners_{};
     Font font_;
     Colore colore_testo_;
     Single print_x_ = 0, print_y_ = 0;
