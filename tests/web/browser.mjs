@@ -19,6 +19,9 @@ const types = {
 };
 const packed = new Set([".html", ".js", ".css", ".wasm", ".svg", ".txt", ".wav", ".webmanifest"]);
 
+/** @type {Map<string, Buffer>} by their etags */
+const zipped = new Map();
+
 /** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `extra` more files. */
 export async function serve(folder = built) {
   const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), extra: new Map(), close: () => {} };
@@ -36,7 +39,8 @@ export async function serve(folder = built) {
         "content-type": types[extension] ?? "application/octet-stream", "cache-control": "max-age=600", etag,
       };
       if (packed.has(extension)) {
-        body = gzipSync(body, { level: 9 });
+        if (!zipped.has(etag)) zipped.set(etag, gzipSync(body, { level: 9 }));
+        body = zipped.get(etag);
         headers["content-encoding"] = "gzip";
       }
       site.bytes += body.length;

@@ -5,6 +5,7 @@ import { readFileSync } from "node:fs";
 import { test } from "node:test";
 import { fileURLToPath } from "node:url";
 import { built, engines, launch, open, serve } from "./browser.mjs";
+import { Game } from "../../src/window/web/page/module.js";
 import { play } from "./evening.js";
 
 const file = (name) => readFileSync(fileURLToPath(new URL(name, import.meta.url)));
@@ -13,14 +14,13 @@ const [tables, shown] = file("../played_hands.txt").toString().trim().split("\n"
 const wanted = { tables, shown: shown.match(/^shown (\w+)/)[1] };
 
 test("an evening in Node", async () => {
-  const { Game } = await import(`${built}module.js`);
   assert.deepEqual(await play(Game, readFileSync(`${built}table.wasm`), script), wanted);
 });
 
 for (const engine of engines)
   test(`an evening in ${engine}`, async () => {
     const site = await serve();
-    site.extra.set("/evening.js", file("evening.js")).set("/evening.txt", script);
+    site.extra.set("/module.js", file("../../src/window/web/page/module.js")).set("/evening.js", file("evening.js")).set("/evening.txt", script);
     const browser = await launch(engine);
     try {
       const page = await open(browser, site);

@@ -12,7 +12,6 @@ import { Things } from "./things.js";
 const holdTime = 800; // milliseconds, of a finger, where the browser has no time of its own: the right button
 const stillDistance = 10; // pixels; a finger that goes further means nothing
 const namesKey = "Players";
-const backs = [53, 54];
 
 /** @param {string} id */
 const element = (id) => /** @type {HTMLElement} */ (document.getElementById(id));
@@ -60,12 +59,10 @@ class Names {
 
 async function start() {
   const canvas = /** @type {HTMLCanvasElement} */ (element("surface"));
-  const [bytes, drawings] = await Promise.all([
-    fetched("table.wasm").then((file) => file.arrayBuffer()),
-    fetched("cards.txt").then((file) => file.text()),
-    ...fonts.map((font) => document.fonts.load(font)),
-  ]);
-  const table = new Table(canvas, drawings.split("\n"));
+  const letters = Promise.all(fonts.map((font) => document.fonts.load(font)));
+  const drawings = fetched("cards.txt").then((file) => file.text());
+  const bytes = await fetched("table.wasm").then((file) => file.arrayBuffer());
+  const table = new Table(canvas);
   const names = new Names();
   /** @type {Menus | null} */
   let menus = null;
@@ -119,14 +116,15 @@ async function start() {
 
   const game = await Game.start(bytes, page);
   const things = new Things(element("things"), element("news"), game);
-  await table.pictures.prepare(backs);
   table.game = game;
   menus = new Menus(element("bar"), game.menu(), (entry) => game.exports.menu_pick(entry));
   table.measure();
+  await letters;
+  table.pictures.drawings = (await drawings).split("\n");
   element("word").remove();
   game.exports.load(table.size.width, table.size.height);
   goOn();
-  table.paint();
+  await table.paintWhole();
   performance.mark("table");
 
   listen(canvas, table, game);

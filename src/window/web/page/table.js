@@ -17,10 +17,10 @@ const colour = (rgb) => `#${rgb.toString(16).padStart(6, "0")}`;
 
 /** The 54 pictures, each drawn once for a size. */
 class Pictures {
-  /** @param {string[]} drawings @param {() => void} arrived */
-  constructor(drawings, arrived) {
-    /** @private */
-    this.drawings = drawings;
+  /** @param {() => void} arrived */
+  constructor(arrived) {
+    /** @type {string[]} in the order of the pictures */
+    this.drawings = [];
     /** @private */
     this.arrived = arrived;
     /** @private @type {Map<number, HTMLImageElement>} */
@@ -29,6 +29,8 @@ class Pictures {
     this.drawn = new Map();
     /** @private @type {Set<number>} asked for before they were there */
     this.missed = new Set();
+    /** @private @type {Map<number, Promise<void>>} */
+    this.opening = new Map();
   }
 
   forgetSizes() {
@@ -36,7 +38,14 @@ class Pictures {
   }
 
   /** @param {number} picture @private */
-  async open(picture) {
+  open(picture) {
+    const opened = this.load(picture).finally(() => this.opening.delete(picture));
+    this.opening.set(picture, opened);
+    return opened;
+  }
+
+  /** @param {number} picture @private */
+  async load(picture) {
     const image = new Image();
     this.images.set(picture, image);
     // A reshaped window stretches its cards.
@@ -50,6 +59,11 @@ class Pictures {
     }
     URL.revokeObjectURL(url);
     if (this.missed.delete(picture)) this.arrived();
+  }
+
+  /** Waits for those that are on their way. */
+  async all() {
+    await Promise.all(this.opening.values());
   }
 
   /** @param {number[]} pictures */
@@ -78,11 +92,8 @@ class Pictures {
 }
 
 export class Table {
-  /**
-   * @param {HTMLCanvasElement} canvas
-   * @param {string[]} drawings
-   */
-  constructor(canvas, drawings) {
+  /** @param {HTMLCanvasElement} canvas */
+  constructor(canvas) {
     /** @private */
     this.canvas = canvas;
     const context = canvas.getContext("2d", { alpha: false });
@@ -91,7 +102,7 @@ export class Table {
     this.context = context;
     /** @type {import("./module.js").Game | null} nothing is painted without one */
     this.game = null;
-    this.pictures = new Pictures(drawings, () => this.repaint());
+    this.pictures = new Pictures(() => this.repaint());
     /** @private */
     this.waiting = false;
     /** @private @type {Map<string, {ascent: number, descent: number}>} */
@@ -122,6 +133,13 @@ export class Table {
     if (this.waiting || !this.game) return;
     this.waiting = true;
     requestAnimationFrame(() => this.paint());
+  }
+
+  /** The first time: with every picture that is asked for. */
+  async paintWhole() {
+    this.paint();
+    await this.pictures.all();
+    this.paint();
   }
 
   paint() {
