@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What a start-up is compared with: a maximised Qt window with a menu bar and nothing else.
+// What a start-up is compared with: a Qt window with a menu bar and nothing else, as large as the game's from the
+// beginning. Without a window manager showMaximized alone would leave it small.
 #include "first_paint.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QScreen>
 
 int main(int argc, char** argv)
 {
@@ -19,6 +21,7 @@ int main(int argc, char** argv)
     auto* const centre = new QWidget(&window);
     window.setCentralWidget(centre);
     FirstPaint const hook(centre, argv[1], [] { return true; });
+    window.resize(window.screen()->availableGeometry().size());
     window.showMaximized();
     return QApplication::exec();
 }

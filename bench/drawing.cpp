@@ -3,10 +3,12 @@
 // drawing [Google Benchmark's options]: the table of a real window off the screen, and the pictures of the
 // cards.
 #include "at_the_table.h"
+#include "game/places.h"
 #include "real_window.h"
 #include "window/qt/card_pixmaps.h"
 #include "window/qt/main_window.h"
 #include "window/qt/table_view.h"
+#include "window/window.h"
 
 #include <benchmark/benchmark.h>
 
@@ -24,6 +26,18 @@ void replay(benchmark::State& state)
         real_window().table().repaint();
 }
 BENCHMARK(replay)->Args({1920, 1080})->Args({3840, 2160})->Unit(benchmark::kMillisecond);
+
+// What a turn of the computer paints again, at most three times.
+void row_of_backs(benchmark::State& state)
+{
+    in_scena({static_cast<int>(state.range(0)), static_cast<int>(state.range(1))}, a_meta_mano);
+    settle();
+    for (auto _ : state) {
+        repaint(striscia_mano(computer));
+        QApplication::sendPostedEvents();
+    }
+}
+BENCHMARK(row_of_backs)->Args({1920, 1080})->Args({3840, 2160})->Unit(benchmark::kMillisecond);
 
 // Pictures that are not in the cache.
 void pictures(benchmark::State& state, int first, int last)
