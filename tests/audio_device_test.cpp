@@ -116,7 +116,10 @@ struct Devices : testing::Test {
         auto const done = [this](int code) { codes.push_back(code), play_again(Device::music); };
         start_devices(
             post, done, [](auto tell) { return std::unique_ptr<audio::Player>(sollevinodue_player(tell)); },
-            [](Device, fs::path const& file) { return file; });
+            [this](Device, fs::path const& file) {
+                std::lock_guard const late(gate);
+                return file;
+            });
     }
 
     // The file of a line that is not open yet.
@@ -196,6 +199,7 @@ struct Devices : testing::Test {
     Mixer mixer;
     std::vector<int> codes;  // what the devices have told; the tune plays again each time
     bool loop_turns = true;  // the game's
+    std::mutex gate;         // holds the worker up
     std::mutex mutex;
     std::vector<std::function<void()>> posted;
 };
@@ -336,8 +340,12 @@ TEST_F(Devices, AnEffectRingsOutOverATuneWhenTheNextIsOpened)
     play(Device::music, write("endless.mid", endless()));
     ASSERT_TRUE(hear(low_tone, 0.5));
     listen_to("effects");
+    gate.lock();
+    play(Device::effects, "none.wav");
     play(Device::effects, write("Notify.wav", wave(bell_tone, 1)));
     play(Device::effects, write("carta.wav", wave(card_tone, 0.15)));
+    play_again(Device::effects);  // one sound, since the first has not begun
+    gate.unlock();
     ASSERT_TRUE(hear(bell_tone, 0.9) && hear(card_tone, 0.1));
     play_again(Device::effects);
     ASSERT_TRUE(hear(card_tone, 0.25) && run(0.3));
