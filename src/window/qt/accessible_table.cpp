@@ -195,8 +195,8 @@ int AccessibleItem::indexOfChild(QAccessibleInterface const* child) const
 QAccessibleInterface* AccessibleItem::childAt(int x, int y) const
 {
     for (int i = 0; i < childCount(); ++i)
-        if (child(i)->rect().contains(x, y))
-            return child(i);
+        if (auto* const item = child(i); item && item->rect().contains(x, y))
+            return item;
     return nullptr;
 }
 
