@@ -127,6 +127,25 @@ TEST(RealWindow, PaintsWhatTheGameDrawsAndTakesClicksWhereItIs)
     }
 }
 
+TEST(RealWindow, DrawsWordsSmallerThatWouldPassTheRightEdge)
+{
+    avvia_programma({1366, 700});
+    superficie.print_at(700, 200);
+    superficie.print(std::string(99, 'H'));
+    QImage const picture = picture_of_table();
+    QRect const last = QRect(on_table(1010, 190), on_table(1020, 230)),
+                free(on_table(1021, 190), on_table(1024, 230));
+    int written = 0, beyond = 0;
+    for (int k = 0; k < picture.width() * picture.height(); ++k) {
+        QPoint const p(k % picture.width(), k / picture.width());
+        bool const inked = picture.pixelColor(p) != green;
+        written += inked && last.contains(p);
+        beyond += inked && free.contains(p);
+    }
+    EXPECT_GT(written, 0);
+    EXPECT_EQ(beyond, 0);
+}
+
 TEST(RealWindow, HoldsTheGameStillWhileAQuestionIsOpen)
 {
     avvia_programma();
