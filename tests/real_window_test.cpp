@@ -122,6 +122,8 @@ TEST(RealWindow, PaintsWhatTheGameDrawsAndTakesClicksWhereItIs)
         EXPECT_TRUE(si_legge("PRIMA PESCARE"));
         pesca_tallone();
         clic_mano(2, 14);
+        muovi(400, 520);
+        EXPECT_EQ(real_window().table().cursor().shape(), Qt::UpArrowCursor);
         EXPECT_NE(at(picture_of_table(), x_mano(14) + t.larg_carta / 2, 630), green)
             << "a selected card stands higher";
     }
