@@ -71,7 +71,7 @@ class Table:
 
     def hand(self):
         """Names of the cards, without their place in the hand, each with its object."""
-        cards = self.thing("list", "La tua mano") or []
+        cards = self.thing("list", "La vostra mano") or []
         return [(re.sub(r", \d+ di \d+$", "", card.name), card) for card in cards]
 
 
@@ -116,8 +116,8 @@ def lay_a_set(cards):
     for n, card in enumerate(chosen, 1):
         expect(act(card, "Toggle"), "a card cannot be selected")
         until(lambda t: sum(c.getState().contains(pyatspi.STATE_SELECTED) for _, c in t.hand()) == n)
-    melds = until(lambda t: t.thing("list", "Le tue combinazioni"))
-    expect(act(find(melds, "push button", "Cala le carte scelte"), "Press"), "nothing can be laid")
+    melds = until(lambda t: t.thing("list", "Le vostre combinazioni"))
+    expect(act(find(melds, "push button", "Calate le carte scelte"), "Press"), "nothing can be laid")
     until(lambda t: len(t.hand()) == len(cards) - 3)
     return True
 
@@ -129,20 +129,20 @@ def main():
     pyatspi.Registry.registerEventListener(lambda event: heard.append(event.any_data), "object:announcement")
     turns = sets = 0
     while True:
-        table = until(lambda t: t if t.thing("list", "Partite") or t.thing("push button", "Mazzo, taglia")
+        table = until(lambda t: t if t.thing("list", "Partite") or t.thing("push button", "Mazzo, tagliate")
                       or t.status().startswith("Tocca a ") else None)
         if table.thing("list", "Partite"):
             break
-        deck = table.thing("push button", "Mazzo, taglia")
+        deck = table.thing("push button", "Mazzo, tagliate")
         if deck:
             act(deck, "Press")
             continue
         try:
             cards = table.hand()
-            if table.status().endswith(": pesca"):
+            if table.status().endswith(": pescate"):
                 look(table, cards)
                 turns += act(table.thing("push button", "Tallone"), "Press")
-                until(lambda t: not t.status().endswith(": pesca"))
+                until(lambda t: not t.status().endswith(": pescate"))
             elif lay_a_set(cards):
                 sets += 1
             elif cards and act(cards[0][1], "Press"):
@@ -153,7 +153,7 @@ def main():
     print(f"by_ear: {turns} turns, {sets} sets, {len(heard)} times heard something; " + "; ".join(rows))
     expect(turns > 0 and len(rows) == 3, "no table of games")
     expect(sum("Il computer pesca" in news for news in heard) >= turns - 2, "the computer draws unheard")
-    expect(sum("Tocca a te" in news for news in heard) >= turns - 2, "a turn begins unheard")
+    expect(sum("Tocca a voi" in news for news in heard) >= turns - 2, "a turn begins unheard")
 
 
 main()
