@@ -36,7 +36,7 @@ def find(parent, role, name):
     """The first child of that role whose name begins like this; a child may go while it is asked."""
     for child in parent or []:
         try:
-            if child and child.getRoleName() == role and child.name.startswith(name):
+            if child and child.getRoleName().removeprefix("push ") == role and child.name.startswith(name):
                 return child
         except GLib.Error:
             pass
@@ -58,7 +58,7 @@ class Table:
     def __init__(self):
         application = program()
         for row in (row for window in application or [] for row in window or []):
-            ok = find(row, "push button", "OK")
+            ok = find(row, "button", "OK")
             if ok:  # a message box stands over the table
                 act(ok, "Press")
         self.list = next((t for w in application or [] for t in [find(w, "list", "Tavolo")] if t), None)
@@ -100,7 +100,7 @@ def look(table, cards):
                and box.y + box.height <= whole.y + whole.height and box.width > 0, name + " lies beside the table")
     places = [card.name for _, card in cards]
     expect(len(set(places)) == len(places), "a card is told twice")
-    stock = table.thing("push button", "Tallone")
+    stock = table.thing("button", "Tallone")
     expect(stock and re.fullmatch(r"Tallone, dorso (blu|rosso)", stock.name), "the stock tells more than its back")
 
 
@@ -117,7 +117,7 @@ def lay_a_set(cards):
         expect(act(card, "Toggle"), "a card cannot be selected")
         until(lambda t: sum(c.getState().contains(pyatspi.STATE_SELECTED) for _, c in t.hand()) == n)
     melds = until(lambda t: t.thing("list", "Le vostre combinazioni"))
-    expect(act(find(melds, "push button", "Calate le carte scelte"), "Press"), "nothing can be laid")
+    expect(act(find(melds, "button", "Calate le carte scelte"), "Press"), "nothing can be laid")
     until(lambda t: len(t.hand()) == len(cards) - 3)
     return True
 
@@ -129,11 +129,11 @@ def main():
     pyatspi.Registry.registerEventListener(lambda event: heard.append(event.any_data), "object:announcement")
     turns = sets = 0
     while True:
-        table = until(lambda t: t if t.thing("list", "Partite") or t.thing("push button", "Mazzo, tagliate")
+        table = until(lambda t: t if t.thing("list", "Partite") or t.thing("button", "Mazzo, tagliate")
                       or t.status().startswith("Tocca a ") else None)
         if table.thing("list", "Partite"):
             break
-        deck = table.thing("push button", "Mazzo, tagliate")
+        deck = table.thing("button", "Mazzo, tagliate")
         if deck:
             act(deck, "Press")
             continue
@@ -141,7 +141,7 @@ def main():
             cards = table.hand()
             if table.status().endswith(": pescate"):
                 look(table, cards)
-                turns += act(table.thing("push button", "Tallone"), "Press")
+                turns += act(table.thing("button", "Tallone"), "Press")
                 until(lambda t: not t.status().endswith(": pescate"))
             elif lay_a_set(cards):
                 sets += 1
