@@ -131,15 +131,14 @@ def main():
     while True:
         table = until(lambda t: t if t.thing("list", "Partite") or t.thing("button", "Mazzo, tagliate")
                       or t.status().startswith("Tocca a ") else None)
-        if table.thing("list", "Partite"):
-            break
-        deck = table.thing("button", "Mazzo, tagliate")
-        if deck:
-            act(deck, "Press")
-            continue
         try:
+            if table.thing("list", "Partite"):
+                break
+            deck = table.thing("button", "Mazzo, tagliate")
             cards = table.hand()
-            if table.status().endswith(": pescate"):
+            if deck:
+                act(deck, "Press")
+            elif table.status().endswith(": pescate"):
                 look(table, cards)
                 turns += act(table.thing("button", "Tallone"), "Press")
                 until(lambda t: not t.status().endswith(": pescate"))
@@ -147,9 +146,9 @@ def main():
                 sets += 1
             elif cards and act(cards[0][1], "Press"):
                 until(lambda t: len(t.hand()) != len(cards))
-        except GLib.Error:
+        except GLib.Error:  # the table has gone on while it was read
             continue
-    rows = [row.name for row in until(lambda t: t.thing("list", "Partite"))]
+    rows = until(lambda t: [row.name for row in t.thing("list", "Partite")])
     print(f"by_ear: {turns} turns, {sets} sets, {len(heard)} times heard something; " + "; ".join(rows))
     expect(turns > 0 and len(rows) == 3, "no table of games")
     expect(sum("Il computer pesca" in news for news in heard) >= turns - 2, "the computer draws unheard")

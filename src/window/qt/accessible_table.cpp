@@ -8,7 +8,6 @@
 #include "window/qt/grid_scale.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/table_view.h"
-#include "window/qt/text_panel.h"
 #include "window/window.h"
 
 #include <QAccessible>
@@ -382,41 +381,10 @@ QAccessibleInterface* AccessibleTable::childAt(int x, int y) const
     return nullptr;
 }
 
-// ---------------------------------------------------------------- a help panel
-
-// A document to read; closing it is a click.
-class AccessiblePanel : public QAccessibleWidget {
-  public:
-    explicit AccessiblePanel(TextPanel& panel)
-        : QAccessibleWidget(&panel, QAccessible::Document), panel_(panel)
-    {
-    }
-    QStringList actionNames() const override
-    {
-        return QAccessibleWidget::actionNames() << QStringLiteral("Chiudi");
-    }
-    void doAction(QString const& name) override
-    {
-        if (name == QStringLiteral("Chiudi") && !QApplication::activeModalWidget())
-            panel_.tell_click();
-        else
-            QAccessibleWidget::doAction(name);
-    }
-
-  private:
-    TextPanel& panel_;
-};
-
-// Neither class has a name of its own for Qt's objects.
-QAccessibleInterface* make(QString const& class_name, QObject* object)
+QAccessibleInterface* make(QString const&, QObject* object)
 {
-    if (class_name == QLatin1String("QWidget"))
-        if (auto* const table = dynamic_cast<TableView*>(object))
-            return new AccessibleTable(*table);
-    if (class_name == QLatin1String("QScrollArea"))
-        if (auto* const panel = dynamic_cast<TextPanel*>(object))
-            return new AccessiblePanel(*panel);
-    return nullptr;
+    auto* const table = dynamic_cast<TableView*>(object);
+    return table ? new AccessibleTable(*table) : nullptr;
 }
 
 std::optional<spoken::News> news;

@@ -6,6 +6,7 @@
 #include "window/form1.h"
 #include "window/lifecycle.h"
 #include "window/menu_clicks.h"
+#include "window/qt/accessible_panel.h"
 #include "window/qt/accessible_table.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/table_view.h"
@@ -51,6 +52,7 @@ MainWindow* MainWindow::current() { return the_window; }
 MainWindow::MainWindow() : table_(new TableView(this))
 {
     the_window = this;
+    install_accessible_panels();
     install_accessible_table();
     setWindowTitle(qt_text(titolo_finestra));
     setWindowIcon(app_icon());
