@@ -85,7 +85,7 @@ bool comincia(Mark const& m, Single x, Single y) { return m.box.x1 == x && m.box
 // elsewhere.
 bool detto_altrove(Mark const& m)
 {
-    return std::ranges::count(riga_titolo, m.testo) || cornice().contains(m.box) ||
+    return std::ranges::count(riga_titolo, m.testo) || (mano_finita() && cornice().contains(m.box)) ||
            comincia(m, x_nomi(), y_nome(umano)) || comincia(m, x_nomi(), y_nome(computer)) ||
            (pagina_nomi.contains(m.box) && m.box.y1 >= testata_nomi);
 }
@@ -237,6 +237,8 @@ void calate_del_computer(Elenco& e)
 void tavola_partite(Elenco& e)
 {
     auto const& t = tavolo;
+    if (!mano_finita())  // what stands in the frame during a hand is the message of a reshuffle
+        return;
     std::vector<Mark const*> testi;
     for (Mark const& m : superficie.marks())
         if (m.kind == Mark::Kind::text && cornice().contains(m.box))

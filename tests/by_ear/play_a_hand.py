@@ -3,6 +3,7 @@
 """Plays a hand, from the cut to the table of games, knowing only what assistive technologies are told.
 
 Draws from the stock, lays what is a set, and discards; presses and toggles the objects of the list "Tavolo".
+Ends with 3 when the hand has become too long: a hand need not end.
 """
 import collections
 import re
@@ -10,7 +11,7 @@ import sys
 import time
 
 import pyatspi
-from gi.repository import GLib
+from gi.repository import Atspi, GLib
 
 DEADLINE = time.monotonic() + 100
 heard = []
@@ -28,6 +29,7 @@ def events():
 def program():
     for application in pyatspi.Registry.getDesktop(0):
         if application and application.childCount and "sollevinodue" in application.name.lower():
+            application.set_cache_mask(Atspi.Cache.NONE)  # what is read is what there is
             return application
     return None
 
@@ -123,6 +125,7 @@ def lay_a_set(cards):
 
 
 def main():
+    until(lambda table: table.thing("button", "Mazzo, tagliate"))  # the program listens to who wants to hear
     pyatspi.Registry.registerEventListener(
         lambda event: event.source.getRoleName() == "notification" and event.detail1 and heard.append(event.source.name),
         "object:state-changed:showing")
@@ -138,6 +141,8 @@ def main():
             cards = table.hand()
             if deck:
                 act(deck, "Press")
+            elif turns > 40:
+                sys.exit(3)
             elif table.status().endswith(": pescate"):
                 look(table, cards)
                 turns += act(table.thing("button", "Tallone"), "Press")
@@ -148,9 +153,11 @@ def main():
                 until(lambda t: len(t.hand()) != len(cards))
         except GLib.Error:  # the table has gone on while it was read
             continue
-    rows = until(lambda t: [row.name for row in t.thing("list", "Partite")])
+    rows = until(lambda t: t.status().startswith("Mano finita: ")
+                 and [row.name for row in t.thing("list", "Partite") or []])
     print(f"by_ear: {turns} turns, {sets} sets, {len(heard)} times heard something; " + "; ".join(rows))
     expect(turns > 0 and len(rows) == 3, "no table of games")
+    expect(any("chiuso" in news for news in heard), "the end of the hand goes unheard")
     expect(sum("Il computer pesca" in news for news in heard) >= turns - 2, "the computer draws unheard")
     expect(sum("Tocca a voi" in news for news in heard) >= turns - 2, "a turn begins unheard")
 
