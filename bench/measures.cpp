@@ -48,6 +48,7 @@ std::vector<Turn> const& turns()
 void step(benchmark::State& state, void (*decide)())
 {
     auto const& all = turns();
+    noted = false;
     superficie = all.front().drawn;
     std::size_t k = 0;
     for (auto _ : state) {
@@ -73,6 +74,7 @@ BENCHMARK_CAPTURE(step, discard, [] { benchmark::DoNotOptimize(scelgo_scarto());
 // held against it. The time is the median turn's.
 void computer_turn(benchmark::State& state)
 {
+    noted = false;
     std::vector<double> times;
     for (auto _ : state) {
         for (auto const& turn : turns()) {
@@ -113,17 +115,18 @@ BENCHMARK_CAPTURE(controllo_calata, attach, "10S |", 1);
 BENCHMARK_CAPTURE(controllo_calata, lay, "7S 8S 9S |", 3);
 BENCHMARK_CAPTURE(controllo_calata, refuse, "7S 8S 9D |", 3);
 
-// Whole matches of computer and greedy person.
-void match(benchmark::State& state)
+// Whole matches of computer and greedy person; with the log and the numbers of played_hands, or the game alone.
+void match(benchmark::State& state, bool with_numbers)
 {
-    notes_drawing = false;
+    noted = with_numbers;
     int hands = 0;
     std::uint32_t seed = 1;
     for (auto _ : state)
         hands += gioca_partite(1, seed++).hands;
     state.counters["hands"] = benchmark::Counter(hands, benchmark::Counter::kIsRate);
 }
-BENCHMARK(match)->Unit(benchmark::kMillisecond)->MinTime(3);
+BENCHMARK_CAPTURE(match, played, false)->Unit(benchmark::kMillisecond)->MinTime(3);
+BENCHMARK_CAPTURE(match, noted, true)->Unit(benchmark::kMillisecond)->MinTime(3);
 
 Task wait_for_ever()
 {

@@ -85,8 +85,10 @@ class Evening {
     void look()
     {
         auto const& t = tavolo;
-        hash_table();
-        hash_log();
+        if (noted) {
+            hash_table();
+            hash_log();
+        }
         if (finestra.beeps)
             played_->moves["computer attaches"] += std::exchange(finestra.beeps, 0);
         bool const playing = t.azione != 7 && t.azione != 15 && t.n_carte(1) > 0 && t.n_carte(2) > 0;

@@ -68,17 +68,22 @@ std::string segno(Mark const& m)
            numero(m.font.punti) + colore(m.colore);
 }
 
-void nota(std::string riga) { finestra.log.push_back(std::move(riga)); }
+template <class... Words>
+void nota(Words const&... words)
+{
+    if (noted)
+        (finestra.log.emplace_back() += ... += words);
+}
 
 std::string nome[2];
-void nota(Device d, std::string const& che) { nota((d == Device::music ? "music " : "effects ") + che); }
+std::string_view linea(Device d) { return d == Device::music ? "music " : "effects "; }
 
 }  // namespace
 
 // Comes once for each thing drawn. What has changed holds the newest mark, unless that was a fill of nothing.
 void repaint(Box const& box)
 {
-    if (!notes_drawing)
+    if (!noted)
         return;
     auto const& marks = superficie.marks();
     if (marks.empty() && box == tutto)
@@ -95,7 +100,7 @@ Single text_height(Font const& font) { return points_to_grid(font.punti); }
 void start_timer(int millisecondi)
 {
     finestra.due = finestra.now + millisecondi;
-    nota("wait " + std::to_string(millisecondi));
+    nota("wait ", std::to_string(millisecondi));
 }
 
 void mouse_pointer(Pointer forma)
@@ -108,8 +113,7 @@ void mouse_pointer(Pointer forma)
 
 void show_menu_entry(Menu voce)
 {
-    nota("menu " + std::string(caption(voce)) + (enabled(voce) ? "" : " off") +
-         (checked(voce) ? " checked" : ""));
+    nota("menu ", caption(voce), enabled(voce) ? "" : " off", checked(voce) ? " checked" : "");
 }
 
 void show_control(Control c)
@@ -117,20 +121,20 @@ void show_control(Control c)
     static constexpr std::string_view nomi[] = {"carta", "name 1", "name 2", "name 3", "name 4",
                                                 "area",  "rim",    "help",   "rules",  "info"};
     auto const& stato = control(c);
-    nota("control " + std::string(nomi[static_cast<int>(c)]) + (stato.visible ? " shown" : " hidden") +
-         scatola(control_box(c)) + " order " + std::to_string(stato.order) + " \"" + stato.text + "\"");
+    nota("control ", nomi[static_cast<int>(c)], stato.visible ? " shown" : " hidden", scatola(control_box(c)),
+         " order ", std::to_string(stato.order), " \"", stato.text, "\"");
 }
 
 Task message_box(std::string_view testo)
 {
-    nota("box " + std::string(testo));
+    nota("box ", testo);
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
     co_return;
 }
 void ask_yes_no(std::string_view testo, void (*if_yes)())
 {
-    nota("question " + std::string(testo));
+    nota("question ", testo);
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
     if (finestra.answer_yes)
@@ -155,17 +159,17 @@ void end_program()
 void wake_game() {}
 
 void device_file(Device d, std::string_view n) { nome[static_cast<int>(d)] = n; }
-void device_open(Device d) { nota(d, "open " + nome[static_cast<int>(d)]); }
-void device_close(Device d) { nota(d, "close"); }
-void device_play(Device d) { nota(d, "play"); }
+void device_open(Device d) { nota(linea(d), "open ", nome[static_cast<int>(d)]); }
+void device_close(Device d) { nota(linea(d), "close"); }
+void device_play(Device d) { nota(linea(d), "play"); }
 bool device_plays(Device) { return finestra.tune_plays; }
-void device_rewind(Device d) { nota(d, "rewind"); }
+void device_rewind(Device d) { nota(linea(d), "rewind"); }
 
 std::string kept_names() { return finestra.names; }
 void keep_names(std::string_view byte)
 {
     finestra.names = byte;
-    nota("keep names " + da_windows_1252(byte));  // a "?" for each end of a line
+    nota("keep names ", da_windows_1252(byte));  // a "?" for each end of a line
 }
 
 void avvia_programma(Pixels pixels, double day_began)
@@ -193,7 +197,7 @@ void riprendi()
     runner.resume();
     if (finestra.speaks)
         for (auto const& sentence : news.after())
-            nota("say " + sentence);
+            nota("say ", sentence);
 }
 
 bool scatta_timer()

@@ -41,8 +41,8 @@ extern SilentWindow finestra;
 // "open 1024 779 36000", "click 1 512 384", "timer". What this window logs in between is what that one must show.
 inline std::ostream* script = nullptr;
 
-// Off where nobody reads what was drawn: writing it into the log takes longer than the game itself.
-inline bool notes_drawing = true;
+// Off where nobody reads the log: writing it takes longer than the game itself. The played hands then have no numbers.
+inline bool noted = true;
 
 // A fresh program, measured for a client area of that size, before its first event. 1024 by 779 pixels make a
 // card as large as in the reference window. The game is Main(), not yet begun.
