@@ -64,7 +64,7 @@ std::string segno(Mark const& m)
                                                                                 : scatola(m.box));
     case Mark::Kind::text: break;
     }
-    return "text \"" + m.testo + "\"" + coppia(x, y) + " " + std::string(m.font.nome) + " " +
+    return "text \"" + std::string(m.testo) + "\"" + coppia(x, y) + " " + std::string(m.font.nome) + " " +
            numero(m.font.punti) + colore(m.colore);
 }
 

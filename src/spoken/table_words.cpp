@@ -96,8 +96,8 @@ void parole(Elenco& e)
     int n = 0;
     for (Mark const& m : superficie.marks())
         if (auto const inizio = m.testo.find_first_not_of(' ');
-            m.kind == Mark::Kind::text && inizio != std::string::npos && !detto_altrove(m))
-            e.aggiungi(Kind::words, ++n, Role::label, senza_gridare(m.testo.substr(inizio)), m.box);
+            m.kind == Mark::Kind::text && inizio != std::string_view::npos && !detto_altrove(m))
+            e.aggiungi(Kind::words, ++n, Role::label, senza_gridare(std::string(m.testo.substr(inizio))), m.box);
 }
 
 // ---------------------------------------------------------------- the dealer choice

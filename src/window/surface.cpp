@@ -17,6 +17,9 @@ Box with_corners_in_order(Box b)
     return {std::min(b.x1, b.x2), std::min(b.y1, b.y2), std::max(b.x1, b.x2), std::max(b.y1, b.y2)};
 }
 
+// Not even their edges touch. Cards lie in rows, so most boxes are told apart by their heights.
+bool apart(Box const& a, Box const& b) { return a.y2 < b.y1 || b.y2 < a.y1 || a.x2 < b.x1 || b.x2 < a.x1; }
+
 bool meet(Box const& a, Box const& b) { return a.x1 < b.x2 && b.x1 < a.x2 && a.y1 < b.y2 && b.y1 < a.y2; }
 
 Box both(Box const& a, Box const& b)
@@ -55,12 +58,11 @@ bool repeats(Mark const& above, Mark const& below)
     return above.box == below.box;
 }
 
-// Two marks with the same corner have the same number; others may.
-std::size_t corner(Mark const& m)
+Byte corner(Mark const& m)
 {
     auto const x = static_cast<unsigned>(static_cast<int>(m.box.x1));
     auto const y = static_cast<unsigned>(static_cast<int>(m.box.y1));
-    return (x * 7 + y * 31) % 256;
+    return static_cast<Byte>(x * 7 + y * 31);
 }
 
 }  // namespace
@@ -69,8 +71,9 @@ Surface::Surface() : font_{"MS Sans Serif", 7.8F} {}
 
 void Surface::clear()
 {
-    spare_.splice(spare_.end(), marks_);
+    marks_.clear();
     corners_ = {};
+    words_ = std::make_shared<Words>();
     repaint(tutto);
 }
 
@@ -104,11 +107,14 @@ void Surface::print(std::string_view testo)
 {
     if (testo.empty())
         return;
+    auto words = words_->find(testo);
+    if (words == words_->end())
+        words = words_->emplace(testo).first;
     Single const larghezza = text_width(testo, font_);
     add({.kind = Mark::Kind::text,
          .box = {print_x_, print_y_, print_x_ + larghezza, print_y_ + text_height(font_)},
          .colore = colore_testo_,
-         .testo = std::string(testo),
+         .testo = *words,
          .font = font_});
     print_x_ += larghezza;
 }
@@ -123,35 +129,38 @@ void Surface::add(Mark mark)
 {
     mark.box = with_corners_in_order(mark.box);
     mark.reach = reach(mark);
+    mark.corner = corner(mark);
     Box changed = mark.reach;
 
-    auto const wipe = [&](auto older) {
-        changed = both(changed, older->reach);
-        --corners_[corner(*older)];
-        auto const next = std::next(older);
-        spare_.splice(spare_.end(), marks_, older);
-        return next;
+    auto const going = [&](Mark const& older) {
+        changed = both(changed, older.reach);
+        --corners_[older.corner];
     };
 
     bool invisible = mark.kind == Mark::Kind::fill && mark.colore == background;
     if (mark.kind == Mark::Kind::fill) {
-        for (auto older = marks_.begin(); older != marks_.end();) {
-            bool const hidden = covers(mark, *older);
-            invisible = invisible && (hidden || !meet(mark.box, older->reach));
-            older = hidden ? wipe(older) : std::next(older);
+        std::erase_if(marks_, [&](Mark const& older) {
+            if (apart(mark.box, older.reach))
+                return false;
+            bool const hidden = covers(mark, older);
+            if (hidden)
+                going(older);
+            else if (meet(mark.box, older.reach))
+                invisible = false;
+            return hidden;
+        });
+    } else if (corners_[mark.corner] > 0) {
+        auto const older = std::ranges::find_if(
+            marks_, [&](Mark const& m) { return m.corner == mark.corner && repeats(mark, m); });
+        if (older != marks_.end()) {
+            going(*older);
+            marks_.erase(older);
         }
-    } else if (corners_[corner(mark)] > 0) {
-        auto const older = std::ranges::find_if(marks_, [&](Mark const& m) { return repeats(mark, m); });
-        if (older != marks_.end())
-            wipe(older);
     }
 
     if (!invisible) {
-        ++corners_[corner(mark)];
-        if (spare_.empty())
-            spare_.emplace_back();
-        spare_.back() = std::move(mark);
-        marks_.splice(marks_.end(), spare_, std::prev(spare_.end()));
+        ++corners_[mark.corner];
+        marks_.push_back(mark);
     }
     repaint(changed);
 }

@@ -9,9 +9,11 @@
 #include "game/card_model.h"
 
 #include <array>
-#include <list>
+#include <memory>
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct Colore {
     Byte rosso = 0, verde = 0, blu = 0;
@@ -31,15 +33,19 @@ struct Font {
     bool operator==(Font const&) const = default;
 };
 
+// Plain data, so that a list of them closes up quickly.
 struct Mark {
     enum class Kind : Byte { fill, outline, line, picture, text };
     Kind kind = Kind::fill;
-    Box box{};            // a text's box runs from the print position over its width and height
-    Colore colore{};      // not of a picture
-    Figura figura{};      // of a picture
-    std::string testo{};  // of a text, UTF-8, never empty
-    Font font{};          // of a text
-    Box reach{};          // where it may leave its pixels: letters overhang their cell; the surface sets it
+    Box box{};                 // a text's box runs from the print position over its width and height
+    Colore colore{};           // not of a picture
+    Figura figura{};           // of a picture
+    std::string_view testo{};  // of a text, UTF-8, never empty; gone when the surface is cleared
+    Font font{};               // of a text
+
+    // Set by the surface.
+    Box reach{};      // where it may leave its pixels: letters overhang their cell
+    Byte corner = 0;  // a number for the place of its top left corner; two places may have the same
 };
 
 class Surface {
@@ -73,16 +79,19 @@ class Surface {
     static constexpr Colore background = colori::tavolo;
 
     // Bottom first. Marks that later ones hide wholly are gone.
-    std::list<Mark> const& marks() const { return marks_; }
+    std::vector<Mark> const& marks() const { return marks_; }
 
   private:
+    using Words = std::set<std::string, std::less<>>;
+
     void add(Mark mark);
 
-    std::list<Mark> marks_;
-    std::list<Mark> spare_;  // wiped ones, whose memory the next take
+    std::vector<Mark> marks_;
     // How many of the marks have a corner with that number. Most cards are painted where no mark has its corner: this
-    // tells so without a walk along the list.
+    // tells so without a walk along the marks.
     std::array<Integer, 256> corners_{};
+    // What was printed since the last clear, each text once. The marks only look at it; a copy of the surface shares it.
+    std::shared_ptr<Words> words_ = std::make_shared<Words>();
     Font font_;
     Colore colore_testo_;
     Single print_x_ = 0, print_y_ = 0;
