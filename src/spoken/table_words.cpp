@@ -97,7 +97,8 @@ void parole(Elenco& e)
     for (Mark const& m : superficie.marks())
         if (auto const inizio = m.testo.find_first_not_of(' ');
             m.kind == Mark::Kind::text && inizio != std::string_view::npos && !detto_altrove(m))
-            e.aggiungi(Kind::words, ++n, Role::label, senza_gridare(std::string(m.testo.substr(inizio))), m.box);
+            e.aggiungi(Kind::words, ++n, Role::label, senza_gridare(std::string(m.testo.substr(inizio))),
+                       m.box);
 }
 
 // ---------------------------------------------------------------- the dealer choice
