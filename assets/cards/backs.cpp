@@ -2,6 +2,7 @@
 #include "backs.h"
 
 #include "shapes.h"
+#include "svg_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,6 +38,16 @@ void losanga(std::ostream& s, double x, double y, Losanga l)
       << ' ' << -l.h << 'z';
 }
 
+// What has so many rows above its middle one and turns into itself. Row 0 is the middle, row -1 lies above it.
+template <class Riga>
+std::string due_meta(int righe, Riga riga)
+{
+    std::string sopra;
+    for (int r = -righe; r < 0; ++r)
+        sopra += riga(r);
+    return due_teste("meta", sopra) + riga(0);
+}
+
 }  // namespace
 
 std::string dorso_losanghe()
@@ -47,8 +58,7 @@ std::string dorso_losanghe()
     constexpr double tondo = 21.4;  // of the medallion
 
     // A path for each row: the rasterizer is much slower at one path of everything.
-    std::ostringstream s;
-    for (int r = 1 - righe; r < righe; ++r) {
+    auto const riga = [&](int r) {
         std::ostringstream campo, cuori;
         for (int c = 1 - colonne; c < colonne; ++c) {
             double const x = c * dx / 2, y = r * dy / 2;
@@ -58,9 +68,11 @@ std::string dorso_losanghe()
             if (std::hypot(x, y) > tondo + cuore.h)
                 losanga(cuori, xc + x, yc + y, cuore);
         }
-        s << "<path fill='@cobalto' d='" << campo.str() << "'/>\n<path fill='@avorio' d='" << cuori.str()
-          << "'/>\n";
-    }
+        return "<path fill='@cobalto' d='" + campo.str() + "'/>\n<path fill='@avorio' d='" + cuori.str() +
+               "'/>\n";
+    };
+    std::ostringstream s;
+    s << due_meta(righe - 1, riga);
 
     // The star of the medallion: eight rays, one half of each in the light.
     std::ostringstream chiara, scura;
@@ -86,26 +98,30 @@ std::string dorso_fiamme()
     // The corners of a flame line. Every third peak is a tall one, counted from the middle to either side, so
     // that the line turns into itself.
     constexpr double fra_punte = 7, fra_fiamme = 24;
-    constexpr int punte = 7, fiamme = 2;
+    constexpr int punte = 7, fiamme = 3;
     auto const punta = [](int k) {
         bool const alta = (k < 0 ? -k - 1 : k) % 3 == 0;
         return (k % 2 ? 1 : -1) * (alta ? 7.6 : 4.4);
     };
 
-    // A flame is a broad band with narrower ones upon it.
-    std::ostringstream s;
-    for (auto const& [tinta, mezza] : {std::pair{"@rosso", 10.0}, {"@corallo", 6.0}, {"@avorio", 2.0}})
-        for (int r = -fiamme - 1; r <= fiamme + 1; ++r) {
-            s << "<path fill='" << tinta << "' d='";
-            char segno = 'M';
-            for (int verso : {1, -1})
-                for (int i = -punte; i < punte; ++i) {
-                    int const k = verso > 0 ? i : -1 - i;
-                    double const y = yc + r * fra_fiamme + punta(k) - verso * mezza;
-                    s << segno << xc + (k + .5) * fra_punte << ' ' << std::clamp(y, 3.0, altezza - 3);
-                    segno = 'L';
-                }
-            s << "Z'/>\n";
-        }
-    return pannello("@granata", "@granata", s.str());
+    // A flame is a broad band with narrower ones upon it. The outermost ones are cut level.
+    auto const fascia = [&](std::string_view tinta, double mezza, int r) {
+        std::ostringstream s;
+        s << "<path fill='" << tinta << "' d='";
+        double x = 0, y = 0;
+        for (int verso : {1, -1})
+            for (int i = -punte; i < punte; ++i) {
+                int const k = verso > 0 ? i : -1 - i;
+                double const a = xc + (k + .5) * fra_punte;
+                double const b = std::max(yc + r * fra_fiamme + punta(k) - verso * mezza, 3.0);
+                s << (x > 0 ? 'l' : 'M') << a - x << ' ' << b - y;
+                x = a, y = b;
+            }
+        s << "Z'/>\n";
+        return s.str();
+    };
+    auto const fiamma = [&](int r) {
+        return fascia("@rosso", 10, r) + fascia("@corallo", 6, r) + fascia("@avorio", 2, r);
+    };
+    return pannello("@granata", "@granata", due_meta(fiamme, fiamma));
 }

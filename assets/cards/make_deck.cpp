@@ -10,6 +10,7 @@
 
 #include "backs.h"
 #include "shapes.h"
+#include "svg_text.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -24,11 +25,9 @@
 namespace {
 
 namespace fs = std::filesystem;
-using Testo = std::string;
 
 constexpr std::string_view licenza =
     "<!-- SollevinoDue card pictures. SPDX-License-Identifier: GPL-3.0-or-later -->\n";
-constexpr std::string_view mezzo_giro = "rotate(180 48 76.5)";
 
 constexpr double x_indice = 10.3;  // middle of the strip that a covered card shows
 constexpr double y_indice = 5.5;
@@ -37,24 +36,10 @@ constexpr double scala_seme_indice = 0.74;
 constexpr double scala_pip = 1.03;
 constexpr double scala_asso = 2.7;
 
-template <class... A>
-Testo unisci(A const&... a)
-{
-    std::ostringstream s;
-    (s << ... << a);
-    return s.str();
-}
-
 Testo usa(std::string_view nome, double x, double y, double scala, bool capovolto = false)
 {
     return unisci("<use xlink:href='#", nome, "' transform='translate(", x, ' ', y, ") ",
                   capovolto ? "rotate(180) " : "", "scale(", scala, ")'/>\n");
-}
-
-Testo due_teste(std::string_view nome, Testo const& meta, std::string_view stile = "")
-{
-    return unisci("<g id='", nome, "'", stile, ">\n", meta, "</g>\n<use xlink:href='#", nome, "' transform='",
-                  mezzo_giro, "'/>\n");
 }
 
 // The drawings, and what other drawings they refer to.
