@@ -22,7 +22,10 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTest>
+#include <QToolButton>
 
 #include <cstdlib>
 #include <random>
@@ -291,6 +294,13 @@ TEST(RealWindow, FollowsItsSizeWithoutTouchingTheCards)
     EXPECT_GT(tavolo.scala_y, scala);
     clic(1, 512, 384);  // the grid stretches with the window, and so do the clicks
     EXPECT_EQ(tavolo.pos_scelta, 2);
+    real_window().resize(150, 400);
+    settle();
+    auto const* const more = real_window().menuBar()->findChild<QToolButton*>();  // to the menus without room
+    EXPECT_TRUE(more->isVisible());
+    std::unique_ptr<QStyle> const style(QStyleFactory::create(QStringLiteral("fusion")));
+    EXPECT_EQ(more->icon().pixmap(16).toImage(),
+              style->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(16).toImage());
     for (int k = 0; k < 200; ++k)
         real_window().resize(1 + k * 37 % 2000, 1 + k * 91 % 1500);
     settle();

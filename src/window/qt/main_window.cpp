@@ -8,6 +8,7 @@
 #include "window/menu_clicks.h"
 #include "window/qt/accessible_panel.h"
 #include "window/qt/accessible_table.h"
+#include "window/qt/late_icon.h"
 #include "window/qt/qt_text.h"
 #include "window/qt/table_view.h"
 
@@ -52,6 +53,7 @@ MainWindow* MainWindow::current() { return the_window; }
 MainWindow::MainWindow() : table_(new TableView(this))
 {
     the_window = this;
+    QApplication::setStyle(new LateIconStyle);
     install_accessible_panels();
     install_accessible_table();
     setWindowTitle(qt_text(titolo_finestra));
