@@ -125,7 +125,7 @@ void Surface::print_line(std::string_view testo)
     print_at(0, print_y_ + text_height(font_));
 }
 
-void Surface::add(Mark mark)
+void Surface::add(Mark&& mark)
 {
     mark.box = with_corners_in_order(mark.box);
     mark.reach = reach(mark);

@@ -84,7 +84,7 @@ class Surface {
   private:
     using Words = std::set<std::string, std::less<>>;
 
-    void add(Mark mark);
+    void add(Mark&& mark);
 
     std::vector<Mark> marks_;
     // How many of the marks have a corner with that number. Most cards are painted where no mark has its corner: this
