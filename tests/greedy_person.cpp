@@ -28,19 +28,28 @@ Slots best_meld(std::vector<int> const& carte)
     for (std::size_t s = 0; s < carte.size(); ++s)
         slot(prima_copia(carte[s])) = static_cast<int>(s) + 1;
     Slots best(2), meld;
-    for (bool const run : {true, false})
-        for (int face = 0; face < (run ? 52 : 13); ++face) {
-            meld.clear();
-            for (int k = 0; k < (run ? 13 : 4); ++k) {
-                int const next = run ? face / 13 * 13 + (face + k) % 13 : face % 13 + k * 13;
-                if (slot(next + 1))
-                    meld.push_back(slot(next + 1));
-                else if (run)
-                    break;
-            }
-            if (meld.size() > best.size())
-                best = meld;
+    meld.reserve(13);
+    auto const held = [&](int face) {
+        if (slot(face))
+            meld.push_back(slot(face));
+        return slot(face) != 0;
+    };
+    auto const take_if_longer = [&] {
+        if (meld.size() > best.size())
+            best = meld;
+        meld.clear();
+    };
+    for (int suit = 0; suit < 52; suit += 13)
+        for (int first = 0; first < 13; ++first) {
+            for (int rank = first; held(suit + rank % 13 + 1) && rank < first + 12;)
+                ++rank;
+            take_if_longer();
         }
+    for (int rank = 1; rank <= 13; ++rank) {
+        for (int suit = 0; suit < 52; suit += 13)
+            held(suit + rank);
+        take_if_longer();
+    }
     return best.size() >= 3 ? best : Slots{};
 }
 
