@@ -22,13 +22,14 @@ const packed = new Set([".html", ".js", ".css", ".wasm", ".svg", ".txt", ".wav",
 /** @type {Map<string, Buffer>} by their etags */
 const zipped = new Map();
 
-/** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `extra` more files. */
+/** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `extra` more files; `before` is waited for. */
 export async function serve(folder = built) {
-  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), extra: new Map(), close: () => {} };
+  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), extra: new Map(), before: (_path) => {}, close: () => {} };
   const server = createServer(async (request, response) => {
     let path = decodeURIComponent(new URL(request.url, "http://x").pathname);
     if (path.endsWith("/")) path += "index.html";
     site.requests.push(path);
+    await site.before(path);
     const extension = extname(path);
     try {
       if (site.broken.has(path)) throw new Error("broken");

@@ -20,10 +20,10 @@ test("an evening in Node", async () => {
 for (const engine of engines)
   test(`an evening in ${engine}`, async () => {
     const site = await serve();
-    site.extra.set("/module.js", file("../../src/window/web/page/module.js")).set("/evening.js", file("evening.js")).set("/evening.txt", script);
+    site.extra.set("/index.html", "<!DOCTYPE html>").set("/module.js", file("../../src/window/web/page/module.js")).set("/evening.js", file("evening.js")).set("/evening.txt", script);
     const browser = await launch(engine);
     try {
-      const page = await open(browser, site);
+      const page = await open(browser, site, { wait: false });
       const numbers = await page.evaluate(async () => {
         const [{ Game }, { play }] = await Promise.all([import("/module.js"), import("/evening.js")]);
         const [module, script] = await Promise.all(["/table.wasm", "/evening.txt"].map((name) => fetch(name)));

@@ -18,18 +18,28 @@ const element = (id) => /** @type {HTMLElement} */ (document.getElementById(id))
 
 /** In place of the game. @param {string} words @param {string} button */
 function say(words, button) {
-  const word = element("word");
+  const dark = document.createElement("div");
+  dark.className = "dark";
+  const word = document.createElement("p");
   word.className = "word";
+  word.role = "status";
   const again = document.createElement("button");
   again.textContent = button;
   again.addEventListener("click", () => location.reload());
   word.replaceChildren(words, again);
+  dark.append(word);
+  element("table").append(dark);
+  document.getElementById("word")?.remove();
+  word.id = "word";
+  element("bar").remove();
+  element("controls").replaceChildren();
+  element("things").replaceChildren();
   return again;
 }
 
-/** @param {string} file */
-async function fetched(file) {
-  const answer = await fetch(file);
+/** @param {string} file @param {RequestPriority} [priority] */
+async function fetched(file, priority) {
+  const answer = await fetch(file, { priority });
   if (!answer.ok) throw new Error(`${file}: ${answer.status}`);
   return answer;
 }
@@ -59,10 +69,11 @@ class Names {
 
 async function start() {
   const canvas = /** @type {HTMLCanvasElement} */ (element("surface"));
-  const letters = Promise.all(fonts.map((font) => document.fonts.load(font)));
-  const drawings = fetched("cards.txt").then((file) => file.text());
-  const bytes = await fetched("table.wasm").then((file) => file.arrayBuffer());
-  const table = new Table(canvas);
+  const bytes = fetched("table.wasm").then((file) => file.arrayBuffer());
+  const faces = fetched("cards.txt", "low").then((file) => file.text()).then((text) => text.split("\n"));
+  const backs = (element("backs").textContent ?? "").split("\n");
+  const table = new Table(canvas, backs, faces);
+  const parts = Promise.all([...fonts.map((font) => document.fonts.load(font)), table.pictures.prepare(53, 54)]);
   const names = new Names();
   /** @type {Menus | null} */
   let menus = null;
@@ -94,7 +105,7 @@ async function start() {
     },
     end: () => {
       clearTimeout(timer);
-      farewell();
+      say("Arrivederci!", "Giocate ancora").focus(); // a page can't close itself
     },
     wake: () => {
       if (!awake) queueMicrotask(goOn);
@@ -114,23 +125,24 @@ async function start() {
     things.update();
   };
 
-  const game = await Game.start(bytes, page);
+  const game = await Game.start(await bytes, page);
   const things = new Things(element("things"), element("news"), game);
   table.game = game;
   menus = new Menus(element("bar"), game.menu(), (entry) => game.exports.menu_pick(entry));
   table.measure();
-  await letters;
-  table.pictures.drawings = (await drawings).split("\n");
+  await parts;
   element("word").remove();
   game.exports.load(table.size.width, table.size.height);
-  goOn();
-  await table.paintWhole();
+  game.exports.resume();
+  table.paint();
   performance.mark("table");
 
+  things.update();
   listen(canvas, table, game);
   Object.assign(globalThis, { tavolo: () => game.tableText() }); // for who reports a fault
+  await faces;
   setTimeout(() => {
-    void table.pictures.prepare(Array.from({ length: 52 }, (_, i) => i + 1));
+    void table.pictures.prepare(1, 52);
     void navigator.serviceWorker?.register("service-worker.js").catch(() => {});
   }, 200);
 }
@@ -198,26 +210,7 @@ function listen(canvas, table, game) {
   watchRatio();
 }
 
-/** A page can't close itself. */
-function farewell() {
-  const dark = document.createElement("div");
-  dark.className = "dark";
-  const word = document.createElement("p");
-  word.id = "word";
-  dark.append(word);
-  element("table").append(dark);
-  element("bar").remove();
-  element("controls").replaceChildren();
-  element("things").replaceChildren();
-  say("Arrivederci!", "Giocate ancora").focus();
-}
-
 start().catch((error) => {
   console.error(error);
-  if (!document.getElementById("word")) {
-    const word = document.createElement("p");
-    word.id = "word";
-    element("table").append(word);
-  }
   say("Una parte del gioco non è arrivata.", "Riprovate");
 });

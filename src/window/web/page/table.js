@@ -15,12 +15,20 @@ const family = (name) => `${large}px ${name === "Brush Script MT" ? "Titolo" : "
 /** @param {number} rgb */
 const colour = (rgb) => `#${rgb.toString(16).padStart(6, "0")}`;
 
+const firstBack = 53; // of the pictures; in front of the backs are the faces
+
 /** The 54 pictures, each drawn once for a size. */
 class Pictures {
-  /** @param {() => void} arrived */
-  constructor(arrived) {
-    /** @type {string[]} in the order of the pictures */
-    this.drawings = [];
+  /**
+   * @param {string[]} backs
+   * @param {Promise<string[]>} faces
+   * @param {() => void} arrived
+   */
+  constructor(backs, faces, arrived) {
+    /** @private */
+    this.backs = backs;
+    /** @private */
+    this.faces = faces;
     /** @private */
     this.arrived = arrived;
     /** @private @type {Map<number, HTMLImageElement>} */
@@ -29,8 +37,6 @@ class Pictures {
     this.drawn = new Map();
     /** @private @type {Set<number>} asked for before they were there */
     this.missed = new Set();
-    /** @private @type {Map<number, Promise<void>>} */
-    this.opening = new Map();
   }
 
   forgetSizes() {
@@ -38,36 +44,25 @@ class Pictures {
   }
 
   /** @param {number} picture @private */
-  open(picture) {
-    const opened = this.load(picture).finally(() => this.opening.delete(picture));
-    this.opening.set(picture, opened);
-    return opened;
-  }
-
-  /** @param {number} picture @private */
-  async load(picture) {
+  async open(picture) {
     const image = new Image();
     this.images.set(picture, image);
-    // A reshaped window stretches its cards.
-    const drawing = this.drawings[picture - 1].replace("<svg", '<svg preserveAspectRatio="none"');
-    const url = URL.createObjectURL(new Blob([drawing], { type: "image/svg+xml" }));
-    image.src = url;
     try {
-      await image.decode();
+      const drawing = this.backs[picture - firstBack] ?? (await this.faces)[picture - 1];
+      // A reshaped window stretches its cards.
+      const stretched = drawing.replace("<svg", '<svg preserveAspectRatio="none"');
+      const url = URL.createObjectURL(new Blob([stretched], { type: "image/svg+xml" }));
+      image.src = url;
+      await image.decode().finally(() => URL.revokeObjectURL(url));
     } catch {
       this.images.delete(picture); // the next repaint tries again
     }
-    URL.revokeObjectURL(url);
     if (this.missed.delete(picture)) this.arrived();
   }
 
-  /** Waits for those that are on their way. */
-  async all() {
-    await Promise.all(this.opening.values());
-  }
-
-  /** @param {number[]} pictures */
-  async prepare(pictures) {
+  /** @param {number} first @param {number} last */
+  async prepare(first, last) {
+    const pictures = Array.from({ length: last - first + 1 }, (_, i) => first + i);
     await Promise.all(pictures.filter((p) => !this.images.has(p)).map((p) => this.open(p)));
   }
 
@@ -92,8 +87,12 @@ class Pictures {
 }
 
 export class Table {
-  /** @param {HTMLCanvasElement} canvas */
-  constructor(canvas) {
+  /**
+   * @param {HTMLCanvasElement} canvas
+   * @param {string[]} backs drawings
+   * @param {Promise<string[]>} faces drawings, which may come later than the first picture
+   */
+  constructor(canvas, backs, faces) {
     /** @private */
     this.canvas = canvas;
     const context = canvas.getContext("2d", { alpha: false });
@@ -102,7 +101,7 @@ export class Table {
     this.context = context;
     /** @type {import("./module.js").Game | null} nothing is painted without one */
     this.game = null;
-    this.pictures = new Pictures(() => this.repaint());
+    this.pictures = new Pictures(backs, faces, () => this.repaint());
     /** @private */
     this.waiting = false;
     /** @private @type {Map<string, {ascent: number, descent: number}>} */
@@ -133,13 +132,6 @@ export class Table {
     if (this.waiting || !this.game) return;
     this.waiting = true;
     requestAnimationFrame(() => this.paint());
-  }
-
-  /** The first time: with every picture that is asked for. */
-  async paintWhole() {
-    this.paint();
-    await this.pictures.all();
-    this.paint();
   }
 
   paint() {
