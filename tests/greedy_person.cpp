@@ -142,7 +142,11 @@ class Evening {
 
   private:
     int random(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
-    void count(std::string const& move) { ++played_->moves[move]; }
+    void count(std::string_view move)
+    {
+        if (noted)
+            ++played_->moves[std::string(move)];
+    }
 
     void add(int value)
     {
@@ -233,7 +237,7 @@ class Evening {
     }
 
     // Selects the slots one by one and clicks the row at x.
-    void lay(Slots const& slots, Single x, std::string const& what)
+    void lay(Slots const& slots, Single x, std::string_view what)
     {
         for (int const s : slots)
             plan_.emplace_back([s] { clic_mano(2, s); });
