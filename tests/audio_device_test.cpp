@@ -16,6 +16,7 @@
 #include <numbers>
 #include <numeric>
 #include <random>
+#include <sstream>
 #include <thread>
 #include <unistd.h>
 
@@ -31,14 +32,27 @@ constexpr int low = 69, high = 86;  // keys without a common overtone
 constexpr double turn = 2 * std::numbers::pi;
 constexpr double low_tone = 440, high_tone = 1174.66, card_tone = 3000, bell_tone = 5000;
 
+// A MIDI file of one track.
+std::string file_of(std::string track)
+{
+    auto const n = (track += "\0\xff\x2f\0"s).size();
+    return "MThd\0\0\0\6\0\0\0\1\1\xe0MTrk\0"s + char(n >> 16) + char(n >> 8 & 0xff) + char(n & 0xff) + track;
+}
+
 // Half a second of organ for each key.
 std::string tune(std::vector<int> const& keys)
 {
     std::string track = "\0\xc0\x10"s;
     for (int const key : keys)
         track += {0, char(0x90), char(key), 127, char(0x83), 0x60, char(0x80), char(key), 127};
-    auto const n = (track += "\0\xff\x2f\0"s).size();
-    return "MThd\0\0\0\6\0\0\0\1\1\xe0MTrk\0"s + char(n >> 16) + char(n >> 8 & 0xff) + char(n & 0xff) + track;
+    return file_of(track);
+}
+
+std::string text_of(fs::path const& file)
+{
+    std::ostringstream all;
+    all << std::ifstream(file, std::ios::binary).rdbuf();
+    return all.str();
 }
 
 std::string endless() { return tune(std::vector<int>(10'000, low)); }
@@ -83,9 +97,14 @@ double heard(Samples const& s, double frequency)
 }
 
 struct Mixer : audio::Mixer {
-    Mixer(std::span<char const* const> fonts = audio::sound_fonts) { load_font(fonts); }
+    std::span<char const* const> fonts = audio::sound_fonts;
 
-    void play(std::string const& midi) { play_tune(std::as_bytes(std::span(midi))); }
+    void play(std::string const& midi)
+    {
+        stop_tune();
+        load_font(std::as_bytes(std::span(midi)), fonts);
+        play_tune(std::as_bytes(std::span(midi)));
+    }
 
     Samples listen(double seconds)
     {
@@ -222,11 +241,56 @@ TEST_F(Devices, ATuneIsMixedWithACardOnTopAndHasAnEnd)
         EXPECT_FALSE(mixer.tune_ended());
         EXPECT_TRUE(quiet(mixer.listen(0.3), rate / 10) && mixer.tune_ended());
     }
-    Mixer without_font(std::array{"/nowhere/font.sf2"});
+    std::array const nowhere{"/nowhere/font.sf2"};
+    Mixer without_font;
+    without_font.fonts = nowhere;
     without_font.play(tune({low}));
     without_font.play_sound(card);
     EXPECT_EQ(without_font.listen(0.15), *card);
     EXPECT_TRUE(quiet(without_font.listen(3), 6 * rate) && !without_font.tune_ended());
+}
+
+// A font is cut down to what a tune plays; a broken one is refused.
+TEST_F(Devices, ATuneSoundsFromAPartOfTheFontAsFromAllOfIt)
+{
+    std::string const some = "\0\xf0\3\1\2\xf7\0\xff\1\1a\0\xc0\x13\0\x28\0\xd0\0\0\xc9\x19"s;
+    std::string every;
+    for (int p = 0; p < 128; ++p)
+        every += {0, char(0xc0), char(p)};
+    auto const chord = "\0\x90\x40\x7f\0\x43\x7f\0\x99\x26\x7f\0\x92\x30\x7f"s;
+    std::span<char const* const> fonts = audio::sound_fonts;
+    auto const sound = [&](std::string const& programs) {
+        Mixer fresh;
+        fresh.fonts = fonts;
+        fresh.play(file_of(programs + chord));
+        return fresh.listen(1);
+    };
+    Samples const part = sound(some);
+    EXPECT_FALSE(quiet(part, rate));
+    EXPECT_EQ(part, sound(every + some));
+
+    auto const copy = folder / "font.sf2";
+    std::string const name = copy.string(), font = text_of(audio::sound_fonts[0]);
+    std::array const only_font{name.c_str()};
+    fonts = only_font;
+    auto const sound_of = [&](std::string const& bytes) {
+        std::ofstream(copy, std::ios::binary) << bytes;
+        return sound(some);
+    };
+    EXPECT_EQ(part, sound_of(font));
+    EXPECT_TRUE(quiet(sound_of(font.substr(0, font.size() - 1000)), rate));
+    auto const presets = font.rfind("phdr") + 8, zones = font.rfind("pbag") + 8, mods = font.rfind("pmod");
+    // The last byte of a size, or of a column that counts the rows of the next table.
+    for (auto const& [first, behind, step] : {std::tuple{presets - 1, presets, 1},
+                                              {presets + 25, zones - 8, 38},
+                                              {zones - 1, zones, 1},
+                                              {zones + 1, mods, 4},
+                                              {zones + 3, mods, 4}}) {
+        std::string bytes = font;
+        for (auto at = first; at < behind; at += std::size_t(step))
+            bytes[at] = '\x7f';
+        EXPECT_TRUE(quiet(sound_of(bytes), rate)) << first - presets;
+    }
 }
 
 TEST_F(Devices, TheSameSoundStartsAgainAndAnotherRingsOutClipped)
@@ -274,7 +338,7 @@ TEST_F(Devices, TheTunesAndSoundsOfTheGameAreThere)
          {"Adagio sostenuto", "Allegretto", "Arabesque", "Boccherini-minuetto", "BWV 772", "BWV 773",
           "BWV 774", "BWV 775", "BWV776", "Fastlane", "Mascagni-preludio", "Monteverdi-balletto", "Per Elisa",
           "Rondò a capriccio", "Rossini-Guglielmo Tell", "Verdi-Aida", "Vivaldi-Concerto in C"}) {
-        mixer.play_tune(audio::read_file(fs::path(BUILT_FOLDER "/music") / (name + ".mid"s), 1 << 20));
+        mixer.play(text_of(fs::path(BUILT_FOLDER "/music") / (name + ".mid"s)));
         EXPECT_FALSE(quiet(mixer.listen(3), 6 * rate)) << name;
     }
     for (auto const name : {"carta", "Notify"})

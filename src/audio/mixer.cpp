@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "audio/mixer.h"
 
+#include "audio/font_part.h"
+
 #include <algorithm>
 #include <malloc.h>
 #include <string_view>
@@ -29,11 +31,12 @@ bool is_midi(std::span<std::byte const> file)
 
 }  // namespace
 
-void Mixer::load_font(std::span<char const* const> fonts)
+void Mixer::load_font(std::span<std::byte const> midi, std::span<char const* const> fonts)
 {
     for (int level = FLUID_PANIC; level < LAST_LOG_LEVEL; ++level)
         fluid_set_log_function(level, nullptr, nullptr);
 
+    synth_.reset();
     settings_.reset(new_fluid_settings());
     fluid_settings_setnum(settings_.get(), "synth.sample-rate", rate);
     fluid_settings_setnum(settings_.get(), "synth.gain", 1.0);
@@ -41,8 +44,8 @@ void Mixer::load_font(std::span<char const* const> fonts)
     fluid_settings_setint(settings_.get(), "synth.dynamic-sample-loading", 1);
     fluid_settings_setint(settings_.get(), "synth.threadsafe-api", 0);
     synth_.reset(new_fluid_synth(settings_.get()));
-    if (!synth_ || std::none_of(fonts.begin(), fonts.end(), [this](char const* font) {
-            return fluid_synth_sfload(synth_.get(), font, 1) != FLUID_FAILED;
+    if (!synth_ || std::ranges::none_of(fonts, [&, programs = programs_of(midi)](char const* font) {
+            return load_part(settings_.get(), synth_.get(), font, programs);
         }))
         synth_.reset();
 #ifdef __GLIBC__

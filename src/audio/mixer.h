@@ -27,10 +27,11 @@ constexpr std::array<char const*, 3> sound_fonts{"/usr/share/sounds/sf2/TimGM6mb
 // plays.
 class Mixer {
   public:
-    // Loads the first font that can be read. Without one tunes are silent and never end.
-    void load_font(std::span<char const* const> fonts = sound_fonts);
+    // Loads what the first font that can be read has for that tune. Without one tunes are silent and never end.
+    void load_font(std::span<std::byte const> midi, std::span<char const* const> fonts = sound_fonts);
 
-    // Cuts the tune before and plays a Standard MIDI File from its beginning. A broken one is silent.
+    // Cuts the tune before and plays a Standard MIDI File, the one of the font, from its beginning. A broken one is
+    // silent.
     void play_tune(std::span<std::byte const> midi);
     void stop_tune();
 

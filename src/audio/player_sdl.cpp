@@ -66,8 +66,8 @@ class Line {
     // SDL goes on asking for frames, which nobody hears.
     bool lost() const { return device_ && SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
 
-    // Before the first tune.
-    void load_font() { mixer_.load_font(); }
+    // While no tune plays.
+    void load_font(std::span<std::byte const> midi) { mixer_.load_font(midi); }
 
     // Keeps SDL's thread out for as long.
     template <class F>
@@ -120,8 +120,7 @@ class Output : public audio::Player {
         auto const midi = audio::read_file(file, largest_tune);
         if (midi.empty() || !open(music_))
             return;
-        if (!std::exchange(font_asked_, true))
-            music_.load_font();
+        music_.load_font(midi);
         music_.with_mixer([&](auto& mixer) { mixer.play_tune(midi); });
     }
 
@@ -196,7 +195,6 @@ class Output : public audio::Player {
     std::map<fs::path, std::shared_ptr<audio::Samples const>> sounds_;
     bool asked_ = false;
     bool mute_ = false;  // there is no sound on this machine
-    bool font_asked_ = false;
 };
 
 }  // namespace

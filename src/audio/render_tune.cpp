@@ -41,8 +41,9 @@ int main(int argc, char** argv)
     if (argc != 3)
         return 2;
     audio::Mixer mixer;
-    mixer.load_font();
-    mixer.play_tune(audio::read_file(argv[1], 1 << 24));
+    auto const midi = audio::read_file(argv[1], 1 << 24);
+    mixer.load_font(midi);
+    mixer.play_tune(midi);
     audio::Samples all;
     while (!mixer.tune_ended() && all.size() < std::size_t{2} * longest) {
         all.resize(all.size() + std::size_t{2} * step);
