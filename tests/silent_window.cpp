@@ -100,7 +100,8 @@ Single text_height(Font const& font) { return points_to_grid(font.punti); }
 void start_timer(int millisecondi)
 {
     finestra.due = finestra.now + millisecondi;
-    nota("wait ", std::to_string(millisecondi));
+    if (noted)
+        nota("wait ", std::to_string(millisecondi));
 }
 
 void mouse_pointer(Pointer forma)
