@@ -75,6 +75,13 @@ void nota(Words const&... words)
         (finestra.log.emplace_back() += ... += words);
 }
 
+void say_news()
+{
+    if (finestra.speaks)
+        for (auto const& sentence : news.after())
+            nota("say ", sentence);
+}
+
 std::string nome[2];
 std::string_view linea(Device d) { return d == Device::music ? "music " : "effects "; }
 
@@ -128,6 +135,7 @@ void show_control(Control c)
 
 Task message_box(std::string_view testo)
 {
+    say_news();  // what led to the box is told first
     nota("box ", testo);
     finestra.boxes.emplace_back(testo);
     finestra.in_box();
@@ -196,9 +204,7 @@ void riprendi()
     if (finestra.speaks)
         news.before();
     runner.resume();
-    if (finestra.speaks)
-        for (auto const& sentence : news.after())
-            nota("say ", sentence);
+    say_news();
 }
 
 bool scatta_timer()

@@ -31,6 +31,7 @@ Snapshot look()
     s.closed = s.dealt && (t.n_carte(umano) == 0 || t.n_carte(computer) == 0);
     s.turn = t.turno;
     s.cut_entry = t.pos_scelta;
+    s.cut = t.carta_scelta != 0;
     s.stock = t.cima_tallone;
     s.pile = t.n_pozzo;
     s.top = t.n_pozzo > 0 ? int{t.pozzo(t.n_pozzo - 1)} : 0;
@@ -53,7 +54,7 @@ std::string chi(int p, std::string_view voi, std::string_view egli)
 
 void taglio(Snapshot const& prima, Snapshot const& ora, Sentences& news)
 {
-    if (!prima.choosing || (ora.choosing && prima.turn == ora.turn))
+    if (!prima.choosing || prima.cut || (ora.choosing && !ora.cut && prima.turn == ora.turn))
         return;  // the player who begins the hand may be the one who cut last
     if (prima.turn == computer)
         news.push_back("il computer taglia: " + carta_detta(tavolo.mazzo(prima.cut_entry)));

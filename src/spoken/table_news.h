@@ -19,7 +19,7 @@ struct Snapshot {
     bool to_move = false;                    // the human is to move
     bool closed = false;                     // a hand is empty
     int turn = 0, cut_entry = 0;             // who plays or cuts, and which entry of the deck is offered
-    std::array<int, 3> cut{};                // faces that were cut
+    bool cut = false;                        // the entry on offer has been cut
     int stock = 0, pile = 0, top = 0;        // next entry of the deck, cards in the pile, its top card
     int cards = 0, drawn = 0, selected = 0;  // the human's: how many, the last one, how many selected
     std::array<std::vector<std::vector<Carta>>, 3> melds;
