@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
 {
     avvia_programma();
@@ -38,4 +40,10 @@ TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
     s.font_size(9);
     s.print("once");
     EXPECT_EQ(s.marks().size(), 2U) << "but not in another size";
+
+    s.print(std::string(40, 'x'));
+    Surface const copy = s;
+    s.clear();
+    EXPECT_EQ(std::ranges::count(copy.marks().back().testo, 'x'), 40)
+        << "a copy keeps the words of its marks";
 }
