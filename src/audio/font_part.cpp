@@ -2,6 +2,7 @@
 #include "audio/font_part.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -137,52 +138,83 @@ struct Column {
     }
 };
 
+// The tables of the presets.
+class Presets {
+  public:
+    // Takes them from the front.
+    bool read(std::string_view& pdta)
+    {
+        for (Table* const table : all_) {
+            auto const rows = chunk(pdta, table->name);
+            if (!rows || rows->size() < table->width || rows->size() % table->width != 0)
+                return false;
+            table->rows = *rows;
+        }
+        return true;
+    }
+
+    // False if a row points at none.
+    bool keep(Programs const& programs)
+    {
+        for (std::size_t p = 0; p + 1 < presets_.n_rows(); ++p) {
+            std::size_t const program = number(presets_.rows, p * presets_.width + program_at, 2);
+            if (program >= programs.size() || !programs[program])
+                continue;
+            presets_.keep(p);
+            if (!Column{presets_, zone_at, zones_}.keep(p, [this](std::size_t z) { return keep_zone(z); }))
+                return false;
+        }
+        for (Table* const table : all_)
+            table->keep(table->n_rows() - 1);
+        end({presets_, zone_at, zones_});
+        end({zones_, 0, generators_});
+        end({zones_, 2, modulators_});
+        return true;
+    }
+
+    std::string kept() const
+    {
+        std::string text;
+        for (Table const* const table : all_) {
+            text += std::string(table->name) + "size";
+            set_number(text, text.size() - 4, 4, table->kept.size());
+            text += table->kept;
+        }
+        return text;
+    }
+
+  private:
+    static constexpr std::size_t program_at = 20, zone_at = 24;  // columns of a preset
+
+    bool keep_zone(std::size_t z)
+    {
+        zones_.keep(z);
+        return Column{zones_, 0, generators_}.keep(z, [this](std::size_t g) {
+            return generators_.keep(g), true;
+        }) && Column{zones_, 2, modulators_}.keep(z, [this](std::size_t m) {
+            return modulators_.keep(m), true;
+        });
+    }
+    static void end(Column c)
+    {
+        set_number(c.table.kept, c.table.kept.size() - c.table.width + c.at, 2, c.counted.n_kept() - 1);
+    }
+
+    Table presets_{"phdr", 38}, zones_{"pbag", 4}, modulators_{"pmod", 10}, generators_{"pgen", 4};
+    std::array<Table*, 4> all_{&presets_, &zones_, &modulators_, &generators_};
+};
+
 // The content of a list pdta with the presets of these programs alone.
 std::optional<std::string> part_of(std::string_view pdta, Programs const& programs)
 {
-    constexpr std::size_t program = 20, zone = 24;  // columns of a preset
-    Table presets{"phdr", 38}, zones{"pbag", 4}, modulators{"pmod", 10}, generators{"pgen", 4};
-    if (!pdta.starts_with("pdta"))
+    std::string const name = "pdta";
+    if (!pdta.starts_with(name))
         return {};
-    pdta.remove_prefix(4);
-    for (Table* const table : {&presets, &zones, &modulators, &generators}) {
-        auto const rows = chunk(pdta, table->name);
-        if (!rows || rows->size() < table->width || rows->size() % table->width != 0)
-            return {};
-        table->rows = *rows;
-    }
-
-    auto const keep_zone = [&](std::size_t k) {
-        zones.keep(k);
-        return Column{zones, 0, generators}.keep(k, [&](std::size_t g) {
-            return generators.keep(g), true;
-        }) && Column{zones, 2, modulators}.keep(k, [&](std::size_t m) { return modulators.keep(m), true; });
-    };
-    for (std::size_t p = 0; p + 1 < presets.n_rows(); ++p) {
-        std::size_t const its_program = number(presets.rows, p * presets.width + program, 2);
-        if (its_program >= programs.size() || !programs[its_program])
-            continue;
-        presets.keep(p);
-        if (!Column{presets, zone, zones}.keep(p, keep_zone))
-            return {};
-    }
-
-    for (Table* const table : {&presets, &zones, &modulators, &generators})
-        table->keep(table->n_rows() - 1);
-    auto const end = [](Table& table, std::size_t at, Table const& counted) {
-        set_number(table.kept, table.kept.size() - table.width + at, 2, counted.n_kept() - 1);
-    };
-    end(presets, zone, zones);
-    end(zones, 0, generators);
-    end(zones, 2, modulators);
-
-    std::string part = "pdta";
-    for (Table* const table : {&presets, &zones, &modulators, &generators}) {
-        part += std::string(table->name) + "size";
-        set_number(part, part.size() - 4, 4, table->kept.size());
-        part += table->kept;
-    }
-    return part += pdta;
+    pdta.remove_prefix(name.size());
+    Presets presets;
+    if (!presets.read(pdta) || !presets.keep(programs))
+        return {};
+    return name + presets.kept() + std::string(pdta);
 }
 
 // ---- A font as the synthesiser reads it: the file, but for the end, where its list pdta is exchanged. It seems as long
