@@ -34,6 +34,9 @@ export class Sound {
     this.due = null;
     /** @private the tune that was begun last has turned out not to play */
     this.failed = false;
+    /** @private @type {string | null} the tune that could not be fetched */
+    this.missed = null;
+    addEventListener("online", () => this.missed !== null && void this.play(this.missed));
     for (const event of ["pointerdown", "pointerup", "keydown"])
       addEventListener(event, () => this.unlock(), { capture: true, passive: true });
   }
@@ -115,6 +118,7 @@ export class Sound {
   stop() {
     ++this.tuneNumber;
     this.due = null;
+    this.missed = null;
     if (!this.tune) return;
     this.tune.pause();
     URL.revokeObjectURL(this.tune.src);
@@ -135,9 +139,11 @@ export class Sound {
     this.due = null;
     const number = this.tuneNumber;
     try {
+      this.missed = name;
       const file = await fetch(`music/${encodeURIComponent(name)}.mp3`);
       const bytes = await file.blob();
       if (number !== this.tuneNumber) return;
+      this.missed = null;
       if (!file.ok) throw new Error(`${name}: ${file.status}`);
       const tune = new Audio(URL.createObjectURL(new Blob([bytes], { type: "audio/mpeg" })));
       tune.title = name;
@@ -147,7 +153,9 @@ export class Sound {
     } catch (error) {
       // Refused after all: the next click tries again.
       if (number !== this.tuneNumber) return;
+      const { missed } = this;
       this.stop();
+      this.missed = missed;
       if (error instanceof DOMException && error.name === "NotAllowedError") this.due = name;
       else this.failed = true;
     }
