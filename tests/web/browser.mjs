@@ -9,6 +9,7 @@ import { extname, join, normalize } from "node:path";
 import { fileURLToPath } from "node:url";
 import { gzipSync } from "node:zlib";
 import puppeteer from "puppeteer-core";
+import { hasWebKit, launchWebKit } from "./webkit.mjs";
 
 export const built = fileURLToPath(new URL("../../build/web/", import.meta.url));
 
@@ -22,14 +23,15 @@ const packed = new Set([".html", ".js", ".css", ".wasm", ".svg", ".txt", ".wav",
 /** @type {Map<string, Buffer>} by their etags */
 const zipped = new Map();
 
-/** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `extra` more files; `before` is waited for. */
+/** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `lost` what with none, `extra` more files; `before` is waited for. */
 export async function serve(folder = built) {
-  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), extra: new Map(), before: (_path) => {}, close: () => {} };
+  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), lost: new Set(), extra: new Map(), before: (_path) => {}, close: () => {} };
   const server = createServer(async (request, response) => {
     let path = decodeURIComponent(new URL(request.url, "http://x").pathname);
     if (path.endsWith("/")) path += "index.html";
     site.requests.push(path);
     await site.before(path);
+    if (site.lost.has(path)) return request.socket.destroy();
     const extension = extname(path);
     try {
       if (site.broken.has(path)) throw new Error("broken");
@@ -59,9 +61,11 @@ export async function serve(folder = built) {
 
 const programs = { chrome: "/usr/bin/chromium", firefox: "/usr/bin/firefox-esr" };
 export const engines = Object.keys(programs).filter((engine) => existsSync(programs[engine]));
+if (hasWebKit) engines.push("webkit");
 
-/** A browser that nobody has used. */
+/** A browser that nobody has used; `alone` makes its windows private ones. */
 export async function launch(engine = "chrome", options = {}) {
+  if (engine === "webkit") return launchWebKit();
   const userDataDir = mkdtempSync(join(tmpdir(), "sollevinodue-web-"));
   const browser = await puppeteer.launch({
     browser: engine,
@@ -70,9 +74,9 @@ export async function launch(engine = "chrome", options = {}) {
     userDataDir: engine === "chrome" ? userDataDir : undefined,
     args: engine === "chrome" ? [
       "--no-sandbox", "--disable-gpu", "--no-first-run", "--disable-background-networking", "--disable-component-update",
-      "--disable-sync", "--mute-audio", ...(options.args ?? []),
+      "--disable-sync", "--mute-audio", ...(options.alone ? ["--incognito"] : []),
     ] : [],
-    extraPrefsFirefox: { "media.volume_scale": "0.0" },
+    extraPrefsFirefox: { "media.volume_scale": "0.0", "browser.privatebrowsing.autostart": options.alone === true },
     defaultViewport: null,
   });
   const close = browser.close.bind(browser);
@@ -94,14 +98,15 @@ export async function open(browser, site, options = {}) {
   page.on("console", (message) => page.said.push(message.text()));
   page.on("pageerror", (error) => page.said.push(String(error)));
   await page.setViewport({ width, height, deviceScaleFactor: ratio, hasTouch: touch, isMobile: false });
-  if (fast > 1)
-    await page.evaluateOnNewDocument((times) => {
-      const real = window.setTimeout;
-      window.setTimeout = (done, milliseconds) => real(done, milliseconds === 800 ? 300 : milliseconds / times);
-    }, fast);
+  const hasten = (times) => {
+    const real = window.setTimeout;
+    window.setTimeout = (done, milliseconds) => real(done, milliseconds === 800 ? 300 : milliseconds / times);
+  };
+  if (fast > 1) await page.evaluateOnNewDocument?.(hasten, fast);
   if (before) await page.evaluateOnNewDocument(before);
   await page.goto(site.url).catch((error) => wait && Promise.reject(error));
   if (wait) await ready(page);
+  if (fast > 1 && !page.evaluateOnNewDocument) await page.evaluate(hasten, fast);
   return page;
 }
 

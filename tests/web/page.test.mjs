@@ -33,7 +33,7 @@ async function playHand(page, { press, pick }) {
     await press((await thing("Tallone")).at);
     await until(drawn, "the card drawn");
     const { mano } = await table(page);
-    const cards = mano.length > 3 ? meld(mano) : [];
+    const cards = mano.length > 3 ? meld(mano).slice(0, mano.length - 1) : []; // one is left to throw away
     for (const card of cards) {
       await pick((await slots())[mano.indexOf(card)].at);
       await until(async () => (await table(page)).mano.includes(`*${card}`), `${card} selected`);
@@ -45,13 +45,15 @@ async function playHand(page, { press, pick }) {
     // Always another place: who always throws away what was drawn may play for ever.
     const left = await slots();
     await press(left[turn % left.length].at);
-    await until(async () => !(await drawn()) || (await table(page)).turno[0] === "2", "the card discarded");
+    const over = async () => (await status(page)).startsWith("Mano finita");
+    await until(async () => !(await drawn()) || (await table(page)).turno[0] === "2" || (await over()), "the card discarded");
   }
   throw new Error("a hand without an end");
 }
 
 for (const engine of engines)
   describe(engine, () => {
+    const unlessWebKit = { skip: engine === "webkit" && "asks more than WebDriver gives" };
     let browser, site;
     before(async () => void ([browser, site] = [await launch(engine), await serve()]));
     after(async () => (await browser.close(), site.close()));
@@ -70,7 +72,7 @@ for (const engine of engines)
       assert.deepEqual(page.said, []);
     });
 
-    test("a hand with a finger on a tablet that stands upright", async () => {
+    test("a hand with a finger on a tablet that stands upright", unlessWebKit, async () => {
       const page = await open(browser, site, { fast: 40, touch: true, width: 820, height: 1180, ratio: 2 });
       const finger = {
         press: ([x, y]) => page.touchscreen.tap(x, y),
@@ -127,7 +129,7 @@ for (const engine of engines)
       assert.deepEqual(page.said, []);
     });
 
-    test("a question holds the game still; Esci says farewell, with a way back", async () => {
+    test("a question holds the game still; Esci says farewell, with a way back", unlessWebKit, async () => {
       const page = await open(browser, site);
       await click(page, 512, 384);
       await click(page, 512, 384);
@@ -151,10 +153,11 @@ for (const engine of engines)
     });
 
     test("names are kept, and a browser that keeps nothing plays on", async () => {
-      for (const refuse of [undefined, () => {
+      for (const refuse of [undefined, engine !== "webkit" && (() => {
         for (const what of ["getItem", "setItem"])
           Storage.prototype[what] = () => { throw new DOMException("no", "QuotaExceededError"); };
-      }]) {
+      })]) {
+        if (refuse === false) continue;
         const page = await open(browser, site, { before: refuse });
         await keys(page, "F10", "Enter", "n");
         await page.waitForSelector("#controls input");
@@ -171,7 +174,36 @@ for (const engine of engines)
       }
     });
 
-    test("a part that does not arrive is told, and asked for again", async () => {
+    test("in a private window, where the storage is full to the last letter", unlessWebKit, async (t) => {
+      const alone = await launch(engine, { alone: true });
+      t.after(() => alone.close());
+      const page = await open(alone, site, { context: alone.defaultBrowserContext() });
+      const full = await page.evaluate(() => {
+        for (let piece = "x".repeat(1 << 20), n = 0; piece; )
+          try {
+            localStorage.setItem(`full ${n++}`, piece);
+          } catch {
+            piece = piece.slice(piece.length / 2 + 0.5);
+          }
+        return Object.values(localStorage).join("").length;
+      });
+      assert.ok(full > 1e6, `${full} letters fill it`);
+      await keys(page, "F10", "Enter", "n");
+      await page.waitForSelector("#controls input");
+      await page.keyboard.type("Zoë");
+      await click(page, 113, 121);
+      await until(async () => (await names(page)).length === 0, "the page of names closed");
+      assert.equal(await page.evaluate(() => localStorage.getItem("Players")), null);
+      await keys(page, "F10", "Enter", "n");
+      assert.deepEqual(await until(async () => (await names(page)).length && names(page)), ["ZOË", "PLAYER2"]);
+      await click(page, 113, 121);
+      await until(async () => (await names(page)).length === 0, "the page of names closed again");
+      await click(page, 512, 384);
+      await until(async () => (await status(page)).endsWith("per voi"), "the cut");
+      assert.deepEqual(page.said, []);
+    });
+
+    test("a part that does not arrive is told, and asked for again", unlessWebKit, async () => {
       for (const part of ["/table.wasm", "/cards.txt"]) {
         site.broken.add(part);
         const page = await open(browser, site, { wait: false });
@@ -190,7 +222,7 @@ for (const engine of engines)
       assert.match(await page.$eval("noscript", (sentence) => sentence.innerText), /JavaScript/);
     });
 
-    test("tunes begin with the first press, and follow each other", async () => {
+    test("tunes begin with the first press, and follow each other", unlessWebKit, async () => {
       site.extra.set("/music/Adagio sostenuto.mp3", readFileSync(`${built}sounds/Notify.mp3`));
       site.requests.length = 0;
       const page = await open(browser, site);
@@ -202,7 +234,24 @@ for (const engine of engines)
       assert.deepEqual(page.said, []);
     });
 
-    test("one visit is enough to play without a line; a new version replaces the old one whole", async (t) => {
+    test("a tune that could not be fetched is asked for again when the line is back", unlessWebKit, async () => {
+      const page = await open(browser, site);
+      const tune = "/music/Adagio sostenuto.mp3";
+      const asked = () => site.requests.filter((path) => path === tune).length;
+      // The worker would keep it from an earlier hearing.
+      await page.evaluate(() => caches.keys().then((all) => Promise.all(all.map((name) => caches.delete(name)))));
+      const before = asked();
+      site.lost.add(tune);
+      await click(page, 512, 384);
+      await until(() => asked() > before, "the tune asked for");
+      await sleep(300);
+      site.lost.clear();
+      const tried = asked();
+      await page.evaluate(() => dispatchEvent(new Event("online")));
+      await until(() => asked() > tried, "the tune asked for again");
+    });
+
+    test("one visit is enough to play without a line; a new version replaces the old one whole", unlessWebKit, async (t) => {
       const own = await serve();
       t.after(() => own.close());
       const context = await browser.createBrowserContext();
@@ -230,7 +279,7 @@ for (const engine of engines)
       await until(async () => (await status(second)).endsWith("per voi"), "the cut");
     });
 
-    test("a first visit is one round of requests and at most 150 kB; the faces may come last", async (t) => {
+    test("a first visit is one round of requests and at most 150 kB; the faces may come last", unlessWebKit, async (t) => {
       const own = await serve();
       t.after(() => own.close());
       // Both are asked for before either is answered; the faces only when the deck has been cut.
@@ -262,12 +311,14 @@ for (const engine of engines)
       assert.ok(own.bytes - own.music <= 150000, `${own.bytes - own.music} bytes`);
     });
 
-    test("cards end on the pixels they should, at every size and ratio", async () => {
+    test("cards end on the pixels they should, at every size and ratio", unlessWebKit, async () => {
       const page = await open(browser, site);
       await click(page, 512, 384);
       await until(async () => (await status(page)).endsWith("per voi"), "the cut");
+      // Chromium tells nobody of a ratio that its tools have changed alone.
+      const ratioAlone = engine === "chrome" ? [] : [[1366, 736, 2], [1366, 736, 3]];
       for (const [width, height, deviceScaleFactor] of [
-        [1366, 736, 1], [1360, 730, 2], [2732, 1472, 0.5], [455, 245, 3], [390, 844, 3], [820, 1180, 2], [1024, 600, 1.25],
+        [1366, 736, 1], ...ratioAlone, [1360, 730, 2], [2732, 1472, 0.5], [455, 245, 3], [390, 844, 3], [820, 1180, 2], [1024, 600, 1.25],
       ]) {
         await page.setViewport({ width, height, deviceScaleFactor });
         const off = () => page.evaluate(() => {
@@ -295,7 +346,7 @@ for (const engine of engines)
       }
     });
 
-    test("no violation of accessibility", async () => {
+    test("no violation of accessibility", unlessWebKit, async () => {
       const page = await open(browser, site, { fast: 40 });
       const axe = readFileSync(fileURLToPath(import.meta.resolve("axe-core/axe.min.js"))).toString();
       const look = async (what) => {
@@ -317,7 +368,7 @@ for (const engine of engines)
       await look("a hand");
     });
 
-    test("while it waits nothing runs", async () => {
+    test("while it waits nothing runs", unlessWebKit, async () => {
       const page = await open(browser, site, { before: () => {
         globalThis.ran = 0;
         for (const what of ["setTimeout", "setInterval", "requestAnimationFrame", "queueMicrotask"]) {
@@ -348,7 +399,7 @@ for (const engine of engines)
       assert.deepEqual(page.said, []);
     });
 
-    test("forth and back", async () => {
+    test("forth and back", unlessWebKit, async () => {
       const page = await open(browser, site);
       await page.goto("about:blank");
       await page.evaluate(() => history.back()).catch(() => {});

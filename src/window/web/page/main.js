@@ -149,7 +149,7 @@ async function start() {
 
 /** @param {HTMLCanvasElement} canvas @param {Table} table @param {Game} game */
 function listen(canvas, table, game) {
-  /** @param {PointerEvent} event @returns {[number, number]} in grid units */
+  /** @param {MouseEvent} event @returns {[number, number]} in grid units */
   const at = (event) => [
     (event.offsetX * grid.width) / table.size.width,
     (event.offsetY * grid.height) / table.size.height,
@@ -170,11 +170,16 @@ function listen(canvas, table, game) {
   };
 
   canvas.addEventListener("pointerdown", (event) => {
-    const place = at(event);
     if (document.activeElement instanceof HTMLElement) document.activeElement.blur();
-    if (event.pointerType !== "touch") return game.exports.mouse_down(numbers[event.button] ?? 0, ...place);
+    if (event.pointerType !== "touch") return;
     if (finger || !event.isPrimary) return lift();
-    finger = { id: event.pointerId, x: event.clientX, y: event.clientY, place, timer: setTimeout(hold, holdTime) };
+    const { pointerId: id, clientX: x, clientY: y } = event;
+    finger = { id, x, y, place: at(event), timer: setTimeout(hold, holdTime) };
+  });
+  // For each button, where the pointer goes down but once for all that are held.
+  canvas.addEventListener("mousedown", (event) => {
+    event.preventDefault(); // what a press has opened keeps the focus
+    game.exports.mouse_down(numbers[event.button] ?? 0, ...at(event));
   });
   canvas.addEventListener("pointermove", (event) => {
     if (event.pointerType !== "touch") {
@@ -192,8 +197,7 @@ function listen(canvas, table, game) {
   });
   canvas.addEventListener("pointercancel", lift);
   canvas.addEventListener("contextmenu", hold); // the browser's own time for a finger; a mouse has none down
-  // What a press has opened keeps the focus, and is not itself pressed by the mouse events that follow a finger.
-  for (const what of ["mousedown", "touchend"]) canvas.addEventListener(what, (event) => event.preventDefault());
+  canvas.addEventListener("touchend", (event) => event.preventDefault()); // no mouse events follow a finger
   document.addEventListener("contextmenu", (event) => {
     if (!(event.target instanceof HTMLInputElement)) event.preventDefault();
   });

@@ -136,8 +136,13 @@ export class Menus {
   }
 
   /** @private */
-  close() {
+  fold() {
     for (const item of this.items.values()) if (opens(item)) item.setAttribute("aria-expanded", "false");
+  }
+
+  /** @private */
+  close() {
+    this.fold();
     const focused = document.activeElement;
     if (focused instanceof HTMLElement && this.bar.contains(focused)) focused.blur();
   }
@@ -203,7 +208,7 @@ export class Menus {
         if (above) this.expand(above, false), this.focus(above);
         else this.close();
         break;
-      case "Tab": this.close(); return;
+      case "Tab": this.fold(); return; // from here to the next place
       default: {
         if (event.key.length !== 1) return;
         const rest = [...items.slice(at + 1), ...items.slice(0, at + 1)];
