@@ -33,7 +33,7 @@ void row_of_backs(benchmark::State& state)
     in_scena({static_cast<int>(state.range(0)), static_cast<int>(state.range(1))}, a_meta_mano);
     settle();
     for (auto _ : state) {
-        repaint(striscia_mano(computer));
+        real_window().table().repaint_box(striscia_mano(computer));
         QApplication::sendPostedEvents();
     }
 }

@@ -88,10 +88,11 @@ std::string_view linea(Device d) { return d == Device::music ? "music " : "effec
 }  // namespace
 
 // Comes once for each thing drawn. What has changed holds the newest mark, unless that was a fill of nothing.
-void repaint(Box const& box)
+void repaint(Surface& surface)
 {
     if (!noted)
         return;
+    Box const box = surface.changed();
     auto const& marks = superficie.marks();
     if (marks.empty() && box == tutto)
         return nota("clear");

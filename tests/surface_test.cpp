@@ -42,7 +42,7 @@ TEST(Surface, PrintsBehindTheLastTextOrOnTheNextLine)
     EXPECT_EQ(s.marks().size(), 2U) << "but not in another size";
 
     s.print(std::string(40, 'x'));
-    Surface const copy = s;
+    Surface copy = s;
     s.clear();
     EXPECT_EQ(std::ranges::count(copy.marks().back().testo, 'x'), 40)
         << "a copy keeps the words of its marks";

@@ -5,12 +5,14 @@
 #include "window/window.h"
 
 #include <algorithm>
+#include <utility>
 
 Surface superficie;
 
 namespace {
 
 constexpr Box tutto{0, 0, griglia_x, griglia_y};
+constexpr std::size_t most_waiting = 2000;  // a hand without a look at it
 
 Box with_corners_in_order(Box b)
 {
@@ -69,12 +71,26 @@ Byte corner(Mark const& m)
 
 Surface::Surface() : font_{"MS Sans Serif", 7.8F} {}
 
+std::vector<Mark> const& Surface::marks()
+{
+    settle();
+    return marks_;
+}
+
+Box Surface::changed()
+{
+    settle();
+    return std::exchange(changed_, {}).value_or(Box{});
+}
+
 void Surface::clear()
 {
+    waiting_.clear();
     marks_.clear();
     corners_ = {};
     words_ = std::make_shared<Words>();
-    repaint(tutto);
+    changed_ = tutto;
+    repaint(*this);
 }
 
 void Surface::fill_box(Box box, Colore colore)
@@ -130,6 +146,21 @@ void Surface::add(Mark&& mark)
     mark.box = with_corners_in_order(mark.box);
     mark.reach = reach(mark);
     mark.corner = corner(mark);
+    waiting_.push_back(mark);
+    if (waiting_.size() == most_waiting)
+        settle();
+    repaint(*this);
+}
+
+void Surface::settle()
+{
+    for (Mark const& mark : waiting_)
+        lay(mark);
+    waiting_.clear();
+}
+
+void Surface::lay(Mark const& mark)
+{
     Box changed = mark.reach;
 
     auto const going = [&](Mark const& older) {
@@ -162,5 +193,5 @@ void Surface::add(Mark&& mark)
         ++corners_[mark.corner];
         marks_.push_back(mark);
     }
-    repaint(changed);
+    changed_ = changed_ ? both(*changed_, changed) : changed;
 }

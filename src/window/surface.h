@@ -10,6 +10,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -79,14 +80,21 @@ class Surface {
     static constexpr Colore background = colori::tavolo;
 
     // Bottom first. Marks that later ones hide wholly are gone.
-    std::vector<Mark> const& marks() const { return marks_; }
+    std::vector<Mark> const& marks();
+
+    // Where the surface has changed since this was asked before, in grid units.
+    Box changed();
 
   private:
     using Words = std::set<std::string, std::less<>>;
 
     void add(Mark&& mark);
+    void settle();
+    void lay(Mark const& mark);
 
-    std::vector<Mark> marks_;
+    // New marks wait until somebody looks: who plays without a screen never does.
+    std::vector<Mark> waiting_, marks_;
+    std::optional<Box> changed_;
     // How many of the marks have a corner with that number. Most cards are painted where no mark has its corner: this
     // tells so without a walk along the marks.
     std::array<Integer, 256> corners_{};

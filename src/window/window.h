@@ -16,8 +16,8 @@ enum class Pointer : Byte { arrow = 0, up_arrow = 10, hourglass = 11 };
 enum class Menu : Byte;     // menus.h
 enum class Control : Byte;  // controls.h
 
-// The box of the surface, in grid units, has changed and is to be shown again soon.
-void repaint(Box const& box);
+// The surface has been drawn on. What has changed of it is to be shown again soon.
+void repaint(Surface& surface);
 
 // Size of a text in grid units. The height is the font's size, whatever the letters.
 Single text_width(std::string_view testo, Font const& font);

@@ -55,10 +55,10 @@ QCursor hourglass(QWidget const& window)
 
 }  // namespace
 
-void repaint(Box const& box)
+void repaint(Surface& surface)
 {
     if (auto* w = MainWindow::current())
-        w->table().repaint_box(box);
+        w->table().repaint_box(surface.changed());
 }
 
 Single text_width(std::string_view testo, Font const& font)

@@ -164,7 +164,11 @@ FOR_PAGE(answer) void answer(int yes)
 
 // ---- window.h
 
-void repaint(Box const& box) { page_repaint(box.x1, box.y1, box.x2, box.y2); }
+void repaint(Surface& surface)
+{
+    Box const box = surface.changed();
+    page_repaint(box.x1, box.y1, box.x2, box.y2);
+}
 
 Single text_width(std::string_view testo, Font const& font)
 {
