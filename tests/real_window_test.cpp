@@ -305,7 +305,7 @@ TEST(RealWindow, FollowsItsSizeWithoutTouchingTheCards)
     };
     std::unique_ptr<QStyle> const style(QStyleFactory::create(QStringLiteral("fusion")));
     int const wanted = ink(style->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton));
-    EXPECT_NEAR(ink(more->icon()), wanted, wanted / 50);
+    EXPECT_NEAR(ink(more->icon()), wanted, wanted * 0.02);
     for (int k = 0; k < 200; ++k)
         real_window().resize(1 + k * 37 % 2000, 1 + k * 91 % 1500);
     settle();
