@@ -61,7 +61,8 @@ class Table:
         application = program()
         for row in (row for window in application or [] for row in window or []):
             ok = find(row, "button", "OK")
-            if ok:  # a message box stands over the table
+            # A message box stands over the table. Its button stays down for a moment, anew with each press.
+            if ok and not ok.getState().contains(pyatspi.STATE_PRESSED):
                 act(ok, "Press")
         self.list = next((t for w in application or [] for t in [find(w, "list", "Tavolo")] if t), None)
 
