@@ -17,7 +17,7 @@ class LateIcon : public QIconEngine {
     }
     QPixmap pixmap(QSize const& size, QIcon::Mode mode, QIcon::State state) override
     {
-        return icon().pixmap(size, mode, state);
+        return icon().pixmap(size, 1, mode, state);  // the size is in device pixels already
     }
     QIconEngine* clone() const override { return new LateIcon(*this); }
 
