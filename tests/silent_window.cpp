@@ -93,7 +93,7 @@ void repaint(Surface& surface)
     if (!noted)
         return;
     Box const box = surface.changed();
-    auto const& marks = superficie.marks();
+    auto const& marks = surface.marks();
     if (marks.empty() && box == tutto)
         return nota("clear");
     nota(!marks.empty() && box.contains(marks.back().reach) ? segno(marks.back()) : "wipe" + scatola(box));

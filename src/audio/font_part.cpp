@@ -258,14 +258,10 @@ struct Font {
     }
 };
 
-// FluidSynth hands on nothing but the name of a font. So the programs stand in front of it, a digit each.
+// FluidSynth hands on nothing but the name of a font. So load_part() puts the programs in front of it, a digit each.
 void* open_font(char const* name)
 {
-    std::string_view const all = name;
-    Programs programs;
-    if (all.size() <= programs.size())
-        return nullptr;
-    programs = Programs(name, programs.size());
+    Programs const programs(name, Programs().size());
     auto font = std::make_unique<Font>();
     font->file.open(name + programs.size(), std::ios::binary);
     return font->file && font->cut(programs) ? font.release() : nullptr;
