@@ -9,7 +9,7 @@ import sys
 from pathlib import Path
 
 page, deck, out = map(Path, sys.argv[1:])
-scripts = ["module", "table", "menus", "controls", "sound", "things", "main"]
+scripts = ["module", "drawing", "table", "menus", "controls", "sound", "things", "main"]
 
 
 def drawings(pattern):

@@ -6,7 +6,7 @@ import { Controls, messageBox } from "./controls.js";
 import { Menus } from "./menus.js";
 import { Game } from "./module.js";
 import { Sound } from "./sound.js";
-import { Table, fonts, grid } from "./table.js";
+import { Table, firstFace, fonts, grid } from "./table.js";
 import { Things } from "./things.js";
 
 const holdTime = 800; // milliseconds, of a finger, where the browser has no time of its own: the right button
@@ -44,6 +44,9 @@ async function fetched(file, priority) {
   return answer;
 }
 
+/** @param {string} text */
+const lines = (text) => text.trimEnd().split("\n");
+
 /** The names, where the browser lets a page keep something; else for as long as the page is open. */
 class Names {
   bytes = "";
@@ -70,10 +73,9 @@ class Names {
 async function start() {
   const canvas = /** @type {HTMLCanvasElement} */ (element("surface"));
   const bytes = fetched("table.wasm").then((file) => file.arrayBuffer());
-  const faces = fetched("cards.txt", "low").then((file) => file.text()).then((text) => text.split("\n"));
-  const backs = (element("backs").textContent ?? "").split("\n");
-  const table = new Table(canvas, backs, faces);
-  const parts = Promise.all([...fonts.map((font) => document.fonts.load(font)), table.pictures.prepare(53, 54)]);
+  const faces = fetched("cards.txt", "low").then((file) => file.text()).then(lines);
+  const table = new Table(canvas, lines(element("backs").textContent ?? ""));
+  const parts = Promise.all(fonts.map((font) => document.fonts.load(font)));
   const names = new Names();
   /** @type {Menus | null} */
   let menus = null;
@@ -140,11 +142,8 @@ async function start() {
   things.update();
   listen(canvas, table, game);
   Object.assign(globalThis, { tavolo: () => game.tableText() }); // for who reports a fault
-  await faces;
-  setTimeout(() => {
-    void table.pictures.prepare(1, 52);
-    void navigator.serviceWorker?.register("service-worker.js").catch(() => {});
-  }, 200);
+  table.pictures.add(firstFace, await faces);
+  setTimeout(() => void navigator.serviceWorker?.register("service-worker.js").catch(() => {}), 200);
 }
 
 /** @param {HTMLCanvasElement} canvas @param {Table} table @param {Game} game */

@@ -2,6 +2,8 @@
 // @ts-check
 // The table: the marks of the game's surface on a canvas, in device pixels.
 
+import { Drawing } from "./drawing.js";
+
 export const grid = { width: 1024, height: 768 };
 const rightMargin = 4; // free at the right edge for a text, grid units
 const large = 160; // letters are drawn and measured in this size for all, so that they keep their widths
@@ -15,74 +17,63 @@ const family = (name) => `${large}px ${name === "Brush Script MT" ? "Titolo" : "
 /** @param {number} rgb */
 const colour = (rgb) => `#${rgb.toString(16).padStart(6, "0")}`;
 
-const firstBack = 53; // of the pictures; in front of the backs are the faces
+export const firstFace = 1;
+const firstBack = 53; // of the pictures
 
-/** The 54 pictures, each drawn once for a size. */
+/** The 54 pictures, each painted once for a size. */
 class Pictures {
   /**
-   * @param {string[]} backs
-   * @param {Promise<string[]>} faces
-   * @param {() => void} arrived
+   * @param {string[]} backs SVG documents
+   * @param {() => void} repaint
    */
-  constructor(backs, faces, arrived) {
+  constructor(backs, repaint) {
     /** @private */
-    this.backs = backs;
-    /** @private */
-    this.faces = faces;
-    /** @private */
-    this.arrived = arrived;
-    /** @private @type {Map<number, HTMLImageElement>} */
-    this.images = new Map();
+    this.repaint = repaint;
+    /** @private @type {string[]} */
+    this.texts = [];
+    /** @private @type {Drawing[]} read when they are first painted */
+    this.drawings = [];
     /** @private @type {Map<string, HTMLCanvasElement>} */
-    this.drawn = new Map();
-    /** @private @type {Set<number>} asked for before they were there */
-    this.missed = new Set();
+    this.painted = new Map();
+    /** @private whether one was asked for before it was there */
+    this.missed = false;
+    this.add(firstBack, backs);
+  }
+
+  /** @param {number} first @param {string[]} texts SVG documents */
+  add(first, texts) {
+    texts.forEach((text, i) => (this.texts[first + i] = text));
+    if (this.missed) this.repaint();
   }
 
   forgetSizes() {
-    this.drawn.clear();
+    this.painted.clear();
   }
 
-  /** @param {number} picture @private */
-  async open(picture) {
-    const image = new Image();
-    this.images.set(picture, image);
-    try {
-      const drawing = this.backs[picture - firstBack] ?? (await this.faces)[picture - 1];
-      // A reshaped window stretches its cards.
-      const stretched = drawing.replace("<svg", '<svg preserveAspectRatio="none"');
-      const url = URL.createObjectURL(new Blob([stretched], { type: "image/svg+xml" }));
-      image.src = url;
-      await image.decode().finally(() => URL.revokeObjectURL(url));
-    } catch {
-      this.images.delete(picture); // the next repaint tries again
-    }
-    if (this.missed.delete(picture)) this.arrived();
-  }
-
-  /** @param {number} first @param {number} last */
-  async prepare(first, last) {
-    const pictures = Array.from({ length: last - first + 1 }, (_, i) => first + i);
-    await Promise.all(pictures.filter((p) => !this.images.has(p)).map((p) => this.open(p)));
-  }
-
-  /** Nothing while it is not there yet; then everything is to be painted again. @param {number} picture @param {number} width @param {number} height */
+  /** Nothing while it is not there yet. @param {number} picture @param {number} width @param {number} height */
   get(picture, width, height) {
     const key = `${picture} ${width} ${height}`;
-    const known = this.drawn.get(key);
+    const known = this.painted.get(key);
     if (known) return known;
-    const image = this.images.get(picture);
-    if (!image?.complete || image.naturalWidth === 0) {
-      this.missed.add(picture);
-      if (!image) void this.open(picture);
+    const drawing = this.drawing(picture);
+    if (!drawing) {
+      this.missed = true;
       return null;
     }
     const canvas = document.createElement("canvas");
     canvas.width = width;
     canvas.height = height;
-    canvas.getContext("2d")?.drawImage(image, 0, 0, width, height);
-    this.drawn.set(key, canvas);
+    const context = canvas.getContext("2d");
+    if (context) drawing.paint(context, width, height);
+    this.painted.set(key, canvas);
     return canvas;
+  }
+
+  /** @param {number} picture @private */
+  drawing(picture) {
+    const text = this.texts[picture];
+    if (text && !this.drawings[picture]) this.drawings[picture] = new Drawing(text);
+    return this.drawings[picture];
   }
 }
 
@@ -90,9 +81,8 @@ export class Table {
   /**
    * @param {HTMLCanvasElement} canvas
    * @param {string[]} backs drawings
-   * @param {Promise<string[]>} faces drawings, which may come later than the first picture
    */
-  constructor(canvas, backs, faces) {
+  constructor(canvas, backs) {
     /** @private */
     this.canvas = canvas;
     const context = canvas.getContext("2d", { alpha: false });
@@ -101,7 +91,7 @@ export class Table {
     this.context = context;
     /** @type {import("./module.js").Game | null} nothing is painted without one */
     this.game = null;
-    this.pictures = new Pictures(backs, faces, () => this.repaint());
+    this.pictures = new Pictures(backs, () => this.repaint());
     /** @private */
     this.waiting = false;
     /** @private @type {Map<string, {ascent: number, descent: number}>} */
