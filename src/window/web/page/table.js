@@ -92,8 +92,8 @@ export class Table {
     /** @type {import("./module.js").Game | null} nothing is painted without one */
     this.game = null;
     this.pictures = new Pictures(backs, () => this.repaint());
-    /** @private */
-    this.waiting = false;
+    /** @private the frame that will paint, or 0 */
+    this.frame = 0;
     /** @private @type {Map<string, {ascent: number, descent: number}>} */
     this.metrics = new Map();
     /** Size in CSS pixels, and device pixels to one of them. */
@@ -119,13 +119,12 @@ export class Table {
 
   /** Soon, once, however often it is asked for. */
   repaint() {
-    if (this.waiting || !this.game) return;
-    this.waiting = true;
-    requestAnimationFrame(() => this.paint());
+    if (this.game && this.frame === 0) this.frame = requestAnimationFrame(() => this.paint());
   }
 
   paint() {
-    this.waiting = false;
+    cancelAnimationFrame(this.frame);
+    this.frame = 0;
     const { context } = this;
     context.setTransform(1, 0, 0, 1, 0, 0);
     context.fillStyle = colour(0x007000);
