@@ -23,9 +23,9 @@ const packed = new Set([".html", ".js", ".css", ".wasm", ".svg", ".txt", ".wav",
 /** @type {Map<string, Buffer>} by their etags */
 const zipped = new Map();
 
-/** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `lost` what with none, `extra` more files; `before` is waited for. */
+/** Serves a folder; counts what goes over the wire. `broken` names what is answered with an error, `lost` what with none, `extra` more files; `before` is waited for; behind the text `cut` the line is gone. */
 export async function serve(folder = built) {
-  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), lost: new Set(), extra: new Map(), before: (_path) => {}, close: () => {} };
+  const site = { url: "", requests: [], bytes: 0, music: 0, broken: new Set(), lost: new Set(), extra: new Map(), before: (_path) => {}, cut: "", close: () => {} };
   const server = createServer(async (request, response) => {
     let path = decodeURIComponent(new URL(request.url, "http://x").pathname);
     if (path.endsWith("/")) path += "index.html";
@@ -38,6 +38,11 @@ export async function serve(folder = built) {
       let body = site.extra.get(path) ?? (await readFile(join(folder, normalize(path))));
       const etag = `"${createHash("sha256").update(body).digest("hex").slice(0, 16)}"`;
       if (request.headers["if-none-match"] === etag) return response.writeHead(304, { etag }).end();
+      if (site.cut && body.includes(site.cut)) {
+        response.writeHead(200, { "content-type": types[extension] });
+        response.write(body.subarray(0, body.indexOf(site.cut) + site.cut.length));
+        return request.socket.end();
+      }
       const headers = {
         "content-type": types[extension] ?? "application/octet-stream", "cache-control": "max-age=600", etag,
       };

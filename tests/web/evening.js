@@ -139,6 +139,7 @@ function foldTable(text, into) {
 export async function play(Game, bytes, script, lines) {
   const tables = [], shown = [];
   const encoder = new TextEncoder();
+  const module = await WebAssembly.compile(bytes);
   let record;
   for (const event of script.split("\n")) {
     const [what, ...rest] = event.split(" ");
@@ -149,7 +150,7 @@ export async function play(Game, bytes, script, lines) {
       shown.push(new Number64());
     } else if (what === "open") {
       record = new Record(n[2]);
-      record.game = await Game.start(bytes, record.page);
+      record.game = Game.start(module, record.page);
       record.captions = new Map(record.game.menu().map((entry) => [entry.id, entry.caption]));
       record.game.exports.load(n[0], n[1]);
       record.goOn();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// measure.mjs [RUNS]: what a first visit costs in Chromium. Navigation to the painted table in turn with a bare page of
-// a canvas and a menu bar, each in a profile that nobody has used; bytes over the wire; the heap behind a dealt hand.
+// measure.mjs [RUNS]: what a first visit costs in Chromium. Navigation to the painted table, and to the end of the frame
+// that shows it, in turn with a bare page of a canvas and a menu bar, each in a profile that nobody has used; bytes over
+// the wire; the heap behind a dealt hand.
 import { deal, launch, open, serve, sleep } from "./browser.mjs";
 
 const runs = Number(process.argv[2] ?? 15);
@@ -17,23 +18,34 @@ const game = await serve();
 const other = await serve();
 other.extra.set("/index.html", bare).set("/bare.css", css).set("/bare.js", script);
 const browser = await launch("chrome");
-const painted = async (site) => {
-  const page = await open(browser, site);
-  const time = await page.evaluate(() => performance.getEntriesByName("table")[0].startTime);
-  await page.browserContext().close();
-  return time;
+const before = () => {
+  const mark = performance.mark.bind(performance);
+  performance.mark = (name) => {
+    requestAnimationFrame(() => setTimeout(() => mark("shown")));
+    return mark(name);
+  };
 };
-const times = { page: [], bare: [] };
+const visit = async (site) => {
+  const page = await open(browser, site, { before });
+  await page.waitForFunction(() => performance.getEntriesByName("shown").length > 0);
+  const times = await page.evaluate(() => ["table", "shown"].map((name) => performance.getEntriesByName(name)[0].startTime));
+  await page.browserContext().close();
+  return times;
+};
+const times = { table: { page: [], bare: [] }, shown: { page: [], bare: [] } };
 for (let run = -1; run < runs; ++run)
   for (const [what, site] of [["bare", other], ["page", game]]) {
-    const time = await painted(site);
-    if (run >= 0) times[what].push(time);
+    const [table, shown] = await visit(site);
+    if (run < 0) continue;
+    times.table[what].push(table);
+    times.shown[what].push(shown);
   }
 const sorted = (list) => [...list].sort((a, b) => a - b);
 const median = (list) => sorted(list)[Math.floor(list.length / 2)];
-for (const [what, list] of Object.entries(times))
-  console.log(`${what}: median ${median(list).toFixed(0)} ms, least ${sorted(list)[0].toFixed(0)} ms`);
-console.log(`ratio of the medians ${(median(times.page) / median(times.bare)).toFixed(2)}, of the least ${(sorted(times.page)[0] / sorted(times.bare)[0]).toFixed(2)}`);
+for (const [what, { page, bare }] of Object.entries(times)) {
+  const both = (of) => `${of(page).toFixed(0)} ms, ${(of(page) / of(bare)).toFixed(2)} of the bare page's ${of(bare).toFixed(0)}`;
+  console.log(`${what}: median ${both(median)}; least ${both((list) => sorted(list)[0])}`);
+}
 
 const visited = await serve();
 const page = await open(browser, visited, { fast: 40 });

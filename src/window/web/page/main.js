@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // @ts-check
-// The page: it fetches the game's parts, puts them together and hands events on to the game.
+// The page: it puts the game's parts together and hands events on to the game.
 
 import { Controls, messageBox } from "./controls.js";
 import { Menus } from "./menus.js";
 import { Game } from "./module.js";
 import { Sound } from "./sound.js";
-import { Table, firstFace, fonts, grid } from "./table.js";
+import { Table, firstFace, grid } from "./table.js";
 import { Things } from "./things.js";
 
 const holdTime = 800; // milliseconds, of a finger, where the browser has no time of its own: the right button
@@ -37,15 +37,29 @@ function say(words, button) {
   return again;
 }
 
-/** @param {string} file @param {RequestPriority} [priority] */
-async function fetched(file, priority) {
-  const answer = await fetch(file, { priority });
-  if (!answer.ok) throw new Error(`${file}: ${answer.status}`);
-  return answer;
-}
-
 /** @param {string} text */
 const lines = (text) => text.trimEnd().split("\n");
+
+/** Bytes that stand in the page. @param {string} id @returns {Uint8Array<ArrayBuffer>} */
+function bytes(id) {
+  const digits = element(id).textContent ?? "";
+  if ("fromHex" in Uint8Array) return /** @type {any} */ (Uint8Array).fromHex(digits);
+  return Uint8Array.from({ length: digits.length / 2 }, (_, i) => parseInt(digits.slice(2 * i, 2 * i + 2), 16));
+}
+
+/** The table's two fonts; a browser that takes none from a page plays with others. */
+function loadFonts() {
+  const fonts = [["Tavolo", "bold"], ["Titolo", "title"]].map(([name, id]) => new FontFace(name, bytes(id), { weight: "700" }));
+  for (const font of fonts) document.fonts.add(font);
+  return Promise.allSettled(fonts.map((font) => font.load()));
+}
+
+/** The drawings of the faces. */
+async function fetchFaces() {
+  const answer = await fetch("cards.txt");
+  if (!answer.ok) throw new Error(`cards.txt: ${answer.status}`);
+  return lines(await answer.text());
+}
 
 /** The names, where the browser lets a page keep something; else for as long as the page is open. */
 class Names {
@@ -72,10 +86,8 @@ class Names {
 
 async function start() {
   const canvas = /** @type {HTMLCanvasElement} */ (element("surface"));
-  const bytes = fetched("table.wasm").then((file) => file.arrayBuffer());
-  const faces = fetched("cards.txt", "low").then((file) => file.text()).then(lines);
   const table = new Table(canvas, lines(element("backs").textContent ?? ""));
-  const parts = Promise.all(fonts.map((font) => document.fonts.load(font)));
+  const fonts = loadFonts();
   const names = new Names();
   /** @type {Menus | null} */
   let menus = null;
@@ -127,22 +139,23 @@ async function start() {
     things.update();
   };
 
-  const game = await Game.start(await bytes, page);
+  const game = Game.start(new WebAssembly.Module(bytes("game")), page);
   const things = new Things(element("things"), element("news"), game);
   table.game = game;
   menus = new Menus(element("bar"), game.menu(), (entry) => game.exports.menu_pick(entry));
   table.measure();
-  await parts;
+  await fonts;
   element("word").remove();
   game.exports.load(table.size.width, table.size.height);
   game.exports.resume();
   table.paint();
   performance.mark("table");
 
-  things.update();
   listen(canvas, table, game);
+  await new Promise((done) => requestAnimationFrame(() => setTimeout(done))); // the table is shown
+  things.update();
   Object.assign(globalThis, { tavolo: () => game.tableText() }); // for who reports a fault
-  table.pictures.add(firstFace, await faces);
+  table.pictures.add(firstFace, await fetchFaces());
   setTimeout(() => void navigator.serviceWorker?.register("service-worker.js").catch(() => {}), 200);
 }
 

@@ -74,12 +74,12 @@ const decoder = new TextDecoder();
 
 export class Game {
   /**
-   * @param {BufferSource} bytes
+   * @param {WebAssembly.Module} module
    * @param {Page} page
    */
-  static async start(bytes, page) {
+  static start(module, page) {
     const game = new Game(page);
-    const { instance } = await WebAssembly.instantiate(bytes, game.imports());
+    const instance = new WebAssembly.Instance(module, game.imports());
     game.exports = /** @type {Exports} */ (/** @type {unknown} */ (instance.exports));
     game.exports._initialize();
     return game;

@@ -206,6 +206,3 @@ export class Table {
     return metrics;
   }
 }
-
-/** What the first picture cannot do without. */
-export const fonts = [`bold ${family("Arial")}`, `bold ${family("Brush Script MT")}`];
